@@ -1,0 +1,24 @@
+# Installation: the library, its public headers, the CMake package and the pkg-config file.
+
+include(CMakePackageConfigHelpers)
+
+install(TARGETS vellora EXPORT VelloraTargets
+    LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
+    RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/vellora" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}"
+    FILES_MATCHING PATTERN "*.h")
+install(EXPORT VelloraTargets NAMESPACE Vellora::
+    DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Vellora")
+
+configure_package_config_file(
+    "${CMAKE_CURRENT_LIST_DIR}/VelloraConfig.cmake.in"
+    "${PROJECT_BINARY_DIR}/VelloraConfig.cmake"
+    INSTALL_DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Vellora")
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/VelloraConfigVersion.cmake"
+    COMPATIBILITY SameMinorVersion)
+install(FILES "${PROJECT_BINARY_DIR}/VelloraConfig.cmake"
+    "${PROJECT_BINARY_DIR}/VelloraConfigVersion.cmake"
+    DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Vellora")
+
+configure_file("${CMAKE_CURRENT_LIST_DIR}/vellora.pc.in" "${PROJECT_BINARY_DIR}/vellora.pc" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/vellora.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")

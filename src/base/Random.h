@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+
+namespace vellora {
+
+/// The module-wide random generator: values 0 to `kRandMax`, a linear congruential sequence modulo
+/// 2^32 whose upper bits are handed out. All random filters draw from it, in a fixed order, so a
+/// seed repeats a picture. Safe to call from several threads (the sequence is then shared).
+inline constexpr int kRandMax = 32767;
+
+int Rand();
+void Srand(std::uint32_t seed);
+
+/// Seeds the generator from the clock in whole seconds, or from the fixed clock when one is set.
+void seedFromClock();
+
+/// Replaces the clock that `seedFromClock` reads, so that a render can be repeated.
+void setFixedClock(std::uint32_t seconds);
+void clearFixedClock();
+
+/// A draw below `extent`, made as (Rand() * extent) >> 15. Extents beyond the generator's 32768
+/// steps take two values, so that every position can be reached.
+int randBelow(int extent);
+
+}  // namespace vellora

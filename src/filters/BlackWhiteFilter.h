@@ -1,0 +1,15 @@
+#pragma once
+
+#include "filters/FactorFilter.h"
+
+namespace vellora {
+
+/// "Black&White".
+class CBlackWhiteFilter final : public PlainFilter<CBlackWhiteFilter> {
+public:
+    CBlackWhiteFilter();
+    bool Apply(IplImage** image) override;
+    [[nodiscard]] const char16_t* GetName() const override;
+};
+
+}  // namespace vellora

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "filters/FactorFilter.h"
+
+namespace vellora {
+
+/// "Color Matrix".
+class CColorMatrixFilter final : public FactorFilter<CColorMatrixFilter, 3> {
+public:
+    CColorMatrixFilter();
+    bool Apply(IplImage** image) override;
+    [[nodiscard]] const char16_t* GetName() const override;
+};
+
+}  // namespace vellora

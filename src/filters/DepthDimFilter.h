@@ -1,0 +1,24 @@
+#pragma once
+
+#include "filters/FactorFilter.h"
+#include "filters/FilterRegion.h"
+
+namespace vellora {
+
+/// "Depth Dim".
+class CDepthDimFilter final : public COpencvFilterInterface {
+public:
+    CDepthDimFilter();
+    bool Apply(IplImage** image) override;
+    /// Carries the region only.
+    [[nodiscard]] COpencvFilterInterface* Clone() const override;
+    [[nodiscard]] const char16_t* GetName() const override;
+    [[nodiscard]] bool HasROI() const override;
+    void SetROI(float x, float y, float cx, float cy) override;
+    void GetROI(float* x, float* y, float* cx, float* cy) const override;
+
+private:
+    FilterRegion m_region;
+};
+
+}  // namespace vellora

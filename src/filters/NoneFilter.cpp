@@ -1,0 +1,14 @@
+#include "filters/NoneFilter.h"
+
+namespace vellora {
+CNoneFilter::CNoneFilter() : PlainFilter(FilterCategory::Adjustment) {}
+
+bool CNoneFilter::Apply(IplImage** /*image*/) {
+    return false;
+}
+
+const char16_t* CNoneFilter::GetName() const {
+    return u"None";
+}
+
+}  // namespace vellora

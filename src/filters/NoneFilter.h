@@ -1,0 +1,15 @@
+#pragma once
+
+#include "filters/FactorFilter.h"
+
+namespace vellora {
+
+/// "None".
+class CNoneFilter final : public PlainFilter<CNoneFilter> {
+public:
+    CNoneFilter();
+    bool Apply(IplImage** image) override;
+    [[nodiscard]] const char16_t* GetName() const override;
+};
+
+}  // namespace vellora
