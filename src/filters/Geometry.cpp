@@ -1,0 +1,105 @@
+#include "filters/Geometry.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+#include <opencv2/core/core_c.h>
+#include <opencv2/imgproc.hpp>
+#include <opencv2/imgproc/imgproc_c.h>
+
+#include "base/ImageView.h"
+
+namespace vellora {
+namespace {
+
+struct Turn {
+    float a;
+    float b;
+    bool swapsSides;
+};
+
+const Turn* turnFor(int degrees) {
+    static constexpr Turn kQuarter{0.0F, 1.0F, true};
+    static constexpr Turn kHalf{-1.0F, 0.0F, false};
+    static constexpr Turn kThreeQuarters{0.0F, -1.0F, true};
+    switch (degrees) {
+        case 90:
+            return &kQuarter;
+        case 180:
+            return &kHalf;
+        case 270:
+            return &kThreeQuarters;
+        default:
+            return nullptr;
+    }
+}
+
+void mirror(IplImage& image, int code) {
+    cv::Mat pixels = cv::cvarrToMat(&image);
+    cv::flip(pixels, pixels, code);
+}
+
+}  // namespace
+
+ImagePtr rotatedQuarter(const IplImage& image, int degrees) {
+    const Turn* turn = turnFor(degrees);
+    if (turn == nullptr) {
+        return nullptr;
+    }
+    ImagePtr rotated = turn->swapsSides ? makeImage(image.height, image.width)
+                                        : makeImage(image.width, image.height);
+    if (rotated == nullptr) {
+        return nullptr;
+    }
+    std::array<float, 6> matrix{turn->a,  turn->b, static_cast<float>(image.width) * 0.5F,
+                                -turn->b, turn->a, static_cast<float>(image.height) * 0.5F};
+    const CvMat map = cvMat(2, 3, CV_32F, matrix.data());
+    cvGetQuadrangleSubPix(&image, rotated.get(), &map);
+    return rotated;
+}
+
+void mirrorLeftRight(IplImage& image) {
+    mirror(image, 1);
+}
+
+void mirrorUpsideDown(IplImage& image) {
+    mirror(image, 0);
+}
+
+ImagePtr resizedByArea(const cv::Mat& image, Size size) {
+    ImagePtr resized = makeImage(size.width, size.height);
+    if (resized != nullptr) {
+        cv::Mat target = cv::cvarrToMat(resized.get());
+        cv::resize(image, target, target.size(), 0, 0, cv::INTER_AREA);
+    }
+    return resized;
+}
+
+ImagePtr cutOut(const IplImage& image, const Rect& pixels) {
+    const int left = std::max(pixels.left, 0);
+    const int top = std::max(pixels.top, 0);
+    const int right = std::min(pixels.right, image.width);
+    const int bottom = std::min(pixels.bottom, image.height);
+    if (left >= right || top >= bottom) {
+        return nullptr;
+    }
+    return copyImage(cv::cvarrToMat(&image)(cv::Rect(left, top, right - left, bottom - top)));
+}
+
+Size boxFit(Size picture, Size box) {
+    const std::int64_t width = picture.width;
+    const std::int64_t height = picture.height;
+    const std::int64_t fittedHeight = height * box.width / width;
+    if (fittedHeight > box.height) {
+        return {static_cast<int>(width * box.height / height), box.height};
+    }
+    return {box.width, static_cast<int>(fittedHeight)};
+}
+
+int scaledEdge(int edge, double factor) {
+    constexpr double kLimit = 1 << 30;
+    return static_cast<int>(std::clamp(edge * factor, -kLimit, kLimit));
+}
+
+}  // namespace vellora

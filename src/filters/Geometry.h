@@ -1,0 +1,34 @@
+#pragma once
+
+#include <opencv2/core.hpp>
+
+#include <vellora/base/ImagePtr.h>
+#include <vellora/base/Rect.h>
+
+#include "base/StageFit.h"
+
+namespace vellora {
+
+/// The picture turned clockwise by 90, 180 or 270 degrees, resampled about the point
+/// (width / 2, height / 2) as `cvGetQuadrangleSubPix` does; null for any other angle or when the
+/// new image cannot be made.
+ImagePtr rotatedQuarter(const IplImage& image, int degrees);
+
+/// Mirrors in place: left to right, or upside down.
+void mirrorLeftRight(IplImage& image);
+void mirrorUpsideDown(IplImage& image);
+
+/// The picture resized with area interpolation; null when the new image cannot be made.
+ImagePtr resizedByArea(const cv::Mat& image, Size size);
+
+/// The part of the picture inside a rectangle, which is cut at the picture's edges first; null
+/// when nothing is left.
+ImagePtr cutOut(const IplImage& image, const Rect& pixels);
+
+/// The size that fits a picture into a box, keeping its aspect ratio, in integer arithmetic.
+Size boxFit(Size picture, Size box);
+
+/// An edge scaled by a factor and truncated, bounded to what an image coordinate can be.
+int scaledEdge(int edge, double factor);
+
+}  // namespace vellora

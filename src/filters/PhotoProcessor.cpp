@@ -1,0 +1,238 @@
+#include <QPainter>
+#include <cstdlib>
+#include <string_view>
+
+#include <opencv2/core/core_c.h>
+
+#include <vellora/filters/PhotoProcessor.h>
+
+#include "base/ImageView.h"
+#include "filters/FilterRegion.h"
+#include "filters/Geometry.h"
+
+namespace vellora {
+namespace {
+
+// Written by the edit dialog's thread, read while it draws and applies filters.
+FilterRegion g_previewRegion;
+
+bool isNone(const COpencvFilterInterface& filter) {
+    return std::u16string_view(filter.GetName()) == u"None";
+}
+
+bool differByLessThanTwo(int a, int b) {
+    return std::abs(a - b) < 2;
+}
+
+template <class Items>
+bool hasIndex(const Items& items, int index) {
+    return index >= 0 && static_cast<std::size_t>(index) < items.size();
+}
+
+}  // namespace
+
+CPhotoProcessor::CPhotoProcessor() = default;
+CPhotoProcessor::~CPhotoProcessor() = default;
+
+void CPhotoProcessor::SetNode(_PHOTO_LIST_NODE* node) {
+    m_node = node;
+}
+
+void CPhotoProcessor::ReleaseImages() {
+    m_working.reset();
+    m_source.reset();
+    m_currentFilter = nullptr;
+}
+
+int CPhotoProcessor::GetWidth() const {
+    return m_working != nullptr ? m_working->width : 0;
+}
+
+int CPhotoProcessor::GetHeight() const {
+    return m_working != nullptr ? m_working->height : 0;
+}
+
+void CPhotoProcessor::FlipWorkingX() {
+    if (m_working != nullptr) {
+        if (m_node != nullptr) {
+            m_node->changed = 1;
+        }
+        mirrorLeftRight(*m_working);
+    }
+}
+
+void CPhotoProcessor::FlipWorkingY() {
+    if (m_working != nullptr) {
+        if (m_node != nullptr) {
+            m_node->changed = 1;
+        }
+        mirrorUpsideDown(*m_working);
+    }
+}
+
+void CPhotoProcessor::ToggleFlipX() {
+    if (m_node != nullptr) {
+        m_node->flip_x = m_node->flip_x == 0 ? 1 : 0;
+        FlipWorkingX();
+    }
+}
+
+void CPhotoProcessor::ToggleFlipY() {
+    if (m_node != nullptr) {
+        m_node->flip_y = m_node->flip_y == 0 ? 1 : 0;
+        FlipWorkingY();
+    }
+}
+
+void CPhotoProcessor::RotateLeft() {
+    if (m_node != nullptr) {
+        if (m_node->rotation < 1) {
+            m_node->rotation = 360;
+        }
+        m_node->rotation -= 90;
+        m_node->changed = 1;
+        RotateQuarter(270);
+    }
+}
+
+void CPhotoProcessor::RotateRight() {
+    if (m_node != nullptr) {
+        // Compared before adding: a stranger's record may hold any number.
+        m_node->rotation = m_node->rotation >= 270 ? 0 : m_node->rotation + 90;
+        m_node->changed = 1;
+        RotateQuarter(90);
+    }
+}
+
+void CPhotoProcessor::RotateQuarter(int degrees) {
+    if (m_working != nullptr) {
+        if (ImagePtr rotated = rotatedQuarter(*m_working, degrees)) {
+            m_working = std::move(rotated);
+        }
+    }
+}
+
+ImagePtr CPhotoProcessor::FitCopy(int maxWidth, int maxHeight) const {
+    if (m_working == nullptr) {
+        return nullptr;
+    }
+    const Size size = boxFit({m_working->width, m_working->height}, {maxWidth, maxHeight});
+    return resizedByArea(cv::cvarrToMat(m_working.get()), size);
+}
+
+void CPhotoProcessor::DrawTo(QPainter& painter, const Rect& rect) {
+    if (m_working == nullptr || rect.isEmpty()) {
+        return;
+    }
+    ImagePtr filtered;
+    const IplImage* shown = m_working.get();
+    if (m_scaled && m_currentFilter != nullptr && !isNone(*m_currentFilter)) {
+        filtered = copyImage(cv::cvarrToMat(m_working.get()));
+        if (filtered != nullptr) {
+            if (m_currentFilter->HasROI()) {
+                const FilterRegion& region = g_previewRegion;
+                m_currentFilter->SetROI(region.roi_x, region.roi_y, region.roi_cx, region.roi_cy);
+            }
+            IplImage* image = filtered.release();
+            m_currentFilter->Apply(&image);
+            filtered.reset(image);
+            shown = image;
+        }
+    }
+    const cv::Mat pixels = cv::cvarrToMat(shown);
+    if (differByLessThanTwo(rect.width(), pixels.cols) &&
+        differByLessThanTwo(rect.height(), pixels.rows)) {
+        drawPicture(painter, rect.left, rect.top, pixels);
+        return;
+    }
+    const ImagePtr resized = resizedByArea(pixels, {rect.width(), rect.height()});
+    if (resized != nullptr) {
+        drawPicture(painter, rect.left, rect.top, cv::cvarrToMat(resized.get()));
+    }
+}
+
+void CPhotoProcessor::SetPreviewROI(float x, float y, float cx, float cy) {
+    g_previewRegion = {x, y, cx, cy};
+}
+
+void CPhotoProcessor::ApplyToWorking(COpencvFilterInterface& filter) {
+    if (m_working != nullptr) {
+        IplImage* image = m_working.release();
+        filter.Apply(&image);  // the result is no reason to skip anything
+        m_working.reset(image);
+    }
+}
+
+bool CPhotoProcessor::ApplyCurrentFilter() {
+    if (m_currentFilter == nullptr || isNone(*m_currentFilter)) {
+        return true;
+    }
+    ApplyToWorking(*m_currentFilter);
+    std::unique_ptr<COpencvFilterInterface> recorded(m_currentFilter->Clone());
+    if (recorded == nullptr) {
+        return false;
+    }
+    recorded->crop_step = GetCropCount();
+    if (m_node != nullptr) {
+        recorded->Angle = m_node->rotation;
+        recorded->FlipX = m_node->flip_x == 1;
+        recorded->FlipY = m_node->flip_y == 1;
+    }
+    m_chain.push_back(std::move(recorded));
+    return true;
+}
+
+void CPhotoProcessor::AddFilterToChain(COpencvFilterInterface* filter) {
+    if (filter != nullptr) {
+        m_chain.emplace_back(filter);
+    }
+}
+
+void CPhotoProcessor::AddCropRecord(const CropRecord& record) {
+    m_crops.push_back(record);
+}
+
+bool CPhotoProcessor::Crop(int x, int y, int width, int height) {
+    if (!ApplyCurrentFilter()) {
+        return false;
+    }
+    if (m_node == nullptr || x < 0 || y < 0 || width <= 0 || height <= 0) {
+        return true;
+    }
+    const Size shown = fittedSize({GetWidth(), GetHeight()}, {kStageWidth, kStageHeight});
+    if (shown.width <= 0) {
+        return false;
+    }
+    const float ratio = static_cast<float>(GetWidth()) / static_cast<float>(shown.width);
+    const Rect pixels{scaledEdge(x, ratio), scaledEdge(y, ratio),
+                      scaledEdge(x, ratio) + scaledEdge(width, ratio),
+                      scaledEdge(y, ratio) + scaledEdge(height, ratio)};
+    if (!CutWorking(pixels)) {
+        return false;
+    }
+    m_crops.push_back(
+        {x, y, width, height, m_node->flip_x == 1, m_node->flip_y == 1, m_node->rotation});
+    return true;
+}
+
+bool CPhotoProcessor::CutWorking(const Rect& pixels) {
+    if (m_working == nullptr) {
+        return false;
+    }
+    ImagePtr cut = cutOut(*m_working, pixels);
+    if (cut == nullptr) {
+        return false;
+    }
+    m_working = std::move(cut);
+    return true;
+}
+
+const CropRecord* CPhotoProcessor::GetCrop(int index) const {
+    return hasIndex(m_crops, index) ? &m_crops[static_cast<std::size_t>(index)] : nullptr;
+}
+
+COpencvFilterInterface* CPhotoProcessor::GetFilter(int index) const {
+    return hasIndex(m_chain, index) ? m_chain[static_cast<std::size_t>(index)].get() : nullptr;
+}
+
+}  // namespace vellora

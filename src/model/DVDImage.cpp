@@ -1,0 +1,135 @@
+#include <QImage>
+#include <QPainter>
+
+#include <vellora/filters/PhotoProcessor.h>
+#include <vellora/model/DVDAlbumImage.h>
+#include <vellora/model/DVDImage.h>
+#include <vellora/model/DVDImageSprite.h>
+
+#include "base/ImageView.h"
+#include "base/JpegEncoder.h"
+#include "base/ModuleState.h"
+#include "base/StageFit.h"
+
+namespace vellora {
+namespace {
+
+QColor opaque(COLORREF colour) {
+    return {redOf(colour), greenOf(colour), blueOf(colour)};
+}
+
+}  // namespace
+
+CDVDImage::CDVDImage() : m_processor(std::make_unique<CPhotoProcessor>()) {}
+
+CDVDImage::~CDVDImage() {
+    m_processor.reset();
+    ClearSprites(true);
+}
+
+const CRuntimeClass* CDVDImage::GetRuntimeClass() const {
+    static constexpr CRuntimeClass kClass{"CDVDImage"};
+    return &kClass;
+}
+
+void CDVDImage::BindNode(_PHOTO_LIST_NODE* node, CDVDAlbumImage* album) {
+    m_node = node;
+    m_album = album;
+    m_processor->SetNode(node);
+}
+
+void CDVDImage::SetCanvasSize(int width, int height) {
+    m_canvasWidth = width;
+    m_canvasHeight = height;
+}
+
+void CDVDImage::SetBackgroundColor(COLORREF colour) {
+    m_background = colour & 0x00FFFFFFU;
+    setCurrentBackground(m_background);
+}
+
+void CDVDImage::SyncAngleFromNode() {
+    if (m_node != nullptr) {
+        m_angle = m_node->rotation;
+    }
+}
+
+void CDVDImage::SetRegion(int x, int y) {
+    m_regionFlag = true;
+    m_regionX = x;
+    m_regionY = y;
+}
+
+void CDVDImage::MarkChanged() {
+    CSpriteHolder::MarkChanged();
+    OnSpriteListChanged();
+}
+
+void CDVDImage::OnSpriteListChanged() {
+    if (m_node != nullptr) {
+        m_node->changed = 1;
+    }
+}
+
+void CDVDImage::PlacePhoto(QPainter& painter, int fitMode) {
+    Rect rect = placedRect({m_processor->GetWidth(), m_processor->GetHeight()},
+                           {m_canvasWidth, m_canvasHeight}, fitMode);
+    if (m_regionFlag) {
+        rect = rect.translated(-rect.left, -rect.top);
+    }
+    m_processor->DrawTo(painter, rect);
+}
+
+void CDVDImage::Draw(QPainter& painter, int fitMode) {
+    painter.fillRect(QRect(0, 0, m_canvasWidth, m_canvasHeight), opaque(m_background));
+    PlacePhoto(painter, fitMode);
+    DrawSprites(painter);
+}
+
+void CDVDImage::DrawSprites(QPainter& painter) {
+    if (m_node != nullptr && m_node->suppress_sprites != 0) {
+        return;
+    }
+    if (m_album != nullptr) {
+        for (CDVDImageSprite* sprite : m_album->GetSprites()) {
+            DrawSprite(painter, *sprite);
+        }
+    }
+    for (CDVDImageSprite* sprite : GetSprites()) {
+        DrawSprite(painter, *sprite);
+    }
+}
+
+void CDVDImage::DrawSprite(QPainter& painter, CDVDImageSprite& sprite) {
+    sprite.SetCanvasSize(m_canvasWidth, m_canvasHeight);
+    QPoint offset;
+    if (m_regionFlag) {
+        const float scaleX = static_cast<float>(m_canvasWidth) / kStageWidth;
+        const float scaleY = static_cast<float>(m_canvasHeight) / kStageHeight;
+        offset = {-static_cast<int>(static_cast<double>(m_regionX) / scaleX),
+                  -static_cast<int>(static_cast<double>(m_regionY) / scaleY)};
+    }
+    sprite.Draw(painter, offset, kDrawPlain);
+}
+
+QImage CDVDImage::Compose(int width, int height, int fitMode) {
+    if (width <= 0 || height <= 0) {
+        return {};
+    }
+    QImage surface(width, height, QImage::Format_BGR888);
+    if (!surface.isNull()) {
+        QPainter painter(&surface);
+        Draw(painter, fitMode);
+    }
+    return surface;
+}
+
+int CDVDImage::SaveAsJpeg(const QString& path, int quality, int fitMode) {
+    QImage surface = Compose(m_canvasWidth, m_canvasHeight, fitMode);
+    if (!surface.isNull()) {
+        writeJpeg(path, matView(surface), quality);
+    }
+    return 1;
+}
+
+}  // namespace vellora
