@@ -4,7 +4,7 @@
 
 namespace vellora {
 
-/// "Black&White".
+/// "Black&White": a grey picture of each pixel's largest channel, not a two-level one.
 class CBlackWhiteFilter final : public PlainFilter<CBlackWhiteFilter> {
 public:
     CBlackWhiteFilter();

@@ -1,5 +1,13 @@
 #include "filters/BrightnessContrastFilter.h"
 
+#include <algorithm>
+#include <cmath>
+
+#include <opencv2/core.hpp>
+
+#include "filters/ImagePreflight.h"
+#include "filters/RowBands.h"
+
 namespace vellora {
 namespace {
 
@@ -10,13 +18,33 @@ constexpr FilterParamDescs kParams{{
     {},
 }};
 
+/// The value that each byte becomes.
+cv::Mat levelTable(int brightness, int contrast) {
+    constexpr double kRadiansPerDegree = 0.017453292519943295;
+    const double gain =
+        contrast < 1 ? std::cos(contrast * kRadiansPerDegree) : contrast / 100.0 + 1.0;
+    cv::Mat table(1, 256, CV_8U);
+    for (int byte = 0; byte < 256; ++byte) {
+        const double moved = std::clamp(static_cast<double>(byte) + brightness, 0.0, 255.0);
+        const double stretched = (moved - 128.0) * gain + 128.0;
+        table.at<uchar>(byte) = static_cast<uchar>(std::clamp(stretched, 0.0, 255.0));
+    }
+    return table;
+}
+
 }  // namespace
 
 CBrightnessContrastFilter::CBrightnessContrastFilter()
     : FactorFilter(kParams, FilterCategory::Adjustment, {0, 0}) {}
 
-bool CBrightnessContrastFilter::Apply(IplImage** /*image*/) {
-    return false;
+bool CBrightnessContrastFilter::Apply(IplImage** image) {
+    cv::Mat pixels = bgrView(image);
+    if (pixels.empty()) {
+        return false;
+    }
+    const cv::Mat table = levelTable(factor(0), factor(1));
+    forEachRowBand(pixels, [&table](cv::Mat& rows) { cv::LUT(rows, table, rows); });
+    return true;
 }
 
 const char16_t* CBrightnessContrastFilter::GetName() const {

@@ -4,7 +4,7 @@
 
 namespace vellora {
 
-/// "Color Matrix".
+/// "Color Matrix": adds an offset to each channel and clamps; by default a warm tint.
 class CColorMatrixFilter final : public FactorFilter<CColorMatrixFilter, 3> {
 public:
     CColorMatrixFilter();

@@ -4,7 +4,10 @@
 
 namespace vellora {
 
-/// "HSL".
+/// "HSL": offsets hue, saturation and lightness.
+///
+/// Hue runs from 0 to 180 and is limited, not wrapped: a large shift piles colours up at the ends
+/// of the scale.
 class CHSLFilter final : public FactorFilter<CHSLFilter, 3, std::array<std::size_t, 3>{2, 0, 1}> {
 public:
     CHSLFilter();

@@ -1,10 +1,20 @@
 #include "filters/InverseFilter.h"
 
+#include <opencv2/core.hpp>
+
+#include "filters/ImagePreflight.h"
+#include "filters/RowBands.h"
+
 namespace vellora {
 CInverseFilter::CInverseFilter() : PlainFilter(FilterCategory::ArtEffect) {}
 
-bool CInverseFilter::Apply(IplImage** /*image*/) {
-    return false;
+bool CInverseFilter::Apply(IplImage** image) {
+    cv::Mat pixels = matView(image);
+    if (pixels.empty()) {
+        return false;
+    }
+    forEachRowBand(pixels, [](cv::Mat& rows) { cv::bitwise_not(rows, rows); });
+    return true;
 }
 
 const char16_t* CInverseFilter::GetName() const {

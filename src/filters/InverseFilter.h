@@ -4,7 +4,7 @@
 
 namespace vellora {
 
-/// "Inverse".
+/// "Inverse": the complement of every byte, whatever the number of channels.
 class CInverseFilter final : public PlainFilter<CInverseFilter> {
 public:
     CInverseFilter();

@@ -3,8 +3,8 @@
 namespace vellora {
 CNoneFilter::CNoneFilter() : PlainFilter(FilterCategory::Adjustment) {}
 
-bool CNoneFilter::Apply(IplImage** /*image*/) {
-    return false;
+bool CNoneFilter::Apply(IplImage** image) {
+    return image != nullptr && *image != nullptr;
 }
 
 const char16_t* CNoneFilter::GetName() const {

@@ -4,7 +4,7 @@
 
 namespace vellora {
 
-/// "None".
+/// "None": the entry that stands for no filter. Leaves the image alone.
 class CNoneFilter final : public PlainFilter<CNoneFilter> {
 public:
     CNoneFilter();
