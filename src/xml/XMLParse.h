@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <optional>
+#include <vector>
+
+#include <pugixml.hpp>
+
+#include "xml/XmlNode.h"
+
+namespace vellora {
+
+/// Why a document cannot be read. Line and column count from 1 and are 0 when the file itself
+/// cannot be read.
+struct XmlError {
+    int line = 0;
+    int column = 0;
+    QString message;
+};
+
+/// Reads an XML file and answers questions by XPath.
+///
+/// UTF-8, UTF-16, UTF-32 and Latin-1 documents are read. Values keep their line breaks, tabs and
+/// blanks as they stand in the file. No entity but the five of the markup and character references
+/// is expanded and nothing outside the file is opened. Nothing here throws: a document that cannot
+/// be read is empty, and a query that is no XPath matches nothing.
+class CXMLParse {
+public:
+    CXMLParse() = default;
+    virtual ~CXMLParse() = default;
+    CXMLParse(const CXMLParse&) = delete;
+    CXMLParse& operator=(const CXMLParse&) = delete;
+
+    /// Loads the file.
+    /// @return 1, or 0 when the file is missing, larger than 1 GiB, malformed or nested more than
+    ///         256 elements deep; `Error` then says why.
+    int Open(const QString& path);
+
+    /// The same from memory.
+    int OpenText(const QByteArray& document);
+
+    [[nodiscard]] const XmlError& Error() const { return m_error; }
+
+    /// @name Queries
+    /// The node is the first that matches the XPath. Results as in `XmlNode`.
+    /// @{
+    int GetAttribute(const QString& xpath, const QString& name, QString& out) const;
+    int GetIntAttribute(const QString& xpath, const QString& name, std::int32_t& out) const;
+    int GetHexAttribute(const QString& xpath, const QString& name, std::uint32_t& out) const;
+    int GetColorAttribute(const QString& xpath, const QString& name, COLORREF& out) const;
+    /// @return `kXmlFound`, or -1 when no node matches.
+    int GetNodeText(const QString& xpath, QString& out) const;
+    /// @}
+
+    /// The first node that matches, to walk on from. A query reads the whole document: ask once,
+    /// then use the node.
+    [[nodiscard]] XmlNode Select(const QString& xpath) const;
+
+    /// All nodes that match, in document order.
+    [[nodiscard]] std::vector<XmlNode> SelectAll(const QString& xpath) const;
+
+private:
+    int Refuse(XmlError error);
+
+    QString m_path;
+    pugi::xml_document m_document;
+    XmlError m_error;
+};
+
+}  // namespace vellora

@@ -1,0 +1,180 @@
+#include "xml/XmlNode.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstring>
+#include <limits>
+#include <optional>
+#include <string_view>
+
+#include "base/XmlText.h"
+
+namespace vellora {
+namespace {
+
+QString textFrom(const char* utf8) {
+    return xmlText(QString::fromUtf8(utf8));
+}
+
+struct ScannedNumber {
+    bool negative;
+    std::uint64_t magnitude;  // stops at the largest value
+};
+
+/// Scans as "%d" and "%x" do: blanks, a sign, "0x" for base 16, digits; the rest is ignored.
+std::optional<ScannedNumber> scanNumber(const char* text, int base) {
+    text += std::strspn(text, " \t\r\n\v\f");
+    ScannedNumber number{*text == '-', 0};
+    if (*text == '-' || *text == '+') {
+        ++text;
+    }
+    if (base == 16 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X')) {
+        text += 2;
+    }
+    const auto [end, error] =
+        std::from_chars(text, text + std::strlen(text), number.magnitude, base);
+    if (error == std::errc::invalid_argument) {
+        return std::nullopt;
+    }
+    if (error == std::errc::result_out_of_range) {
+        number.magnitude = std::numeric_limits<std::uint64_t>::max();
+    }
+    return number;
+}
+
+std::int32_t toInt32(const ScannedNumber& number) {
+    constexpr std::uint64_t kMax = std::numeric_limits<std::int32_t>::max();
+    const auto bounded =
+        static_cast<std::int64_t>(std::min(number.magnitude, kMax + (number.negative ? 1 : 0)));
+    return static_cast<std::int32_t>(number.negative ? -bounded : bounded);
+}
+
+std::uint32_t toUint32(const ScannedNumber& number) {
+    constexpr std::uint64_t kMax = std::numeric_limits<std::uint32_t>::max();
+    const auto bounded = static_cast<std::uint32_t>(std::min(number.magnitude, kMax));
+    return number.negative ? 0U - bounded : bounded;
+}
+
+/// The value of an id attribute, or -1 when it is not a plain decimal number.
+std::int32_t idOf(const XmlNode& node) {
+    const QString text = node.Attribute("id");
+    bool isNumber = false;
+    const std::int32_t id = text.toInt(&isNumber);
+    return isNumber && text == QString::number(id) ? id : -1;
+}
+
+bool isText(const pugi::xml_node& node) {
+    return node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata;
+}
+
+}  // namespace
+
+int XmlNode::resultOf(const pugi::xml_attribute& attribute) const {
+    if (!m_node) {
+        return kXmlNoNode;
+    }
+    return attribute ? kXmlFound : kXmlNoAttribute;
+}
+
+int XmlNode::GetAttribute(const char* name, QString& out) const {
+    const pugi::xml_attribute attribute = m_node.attribute(name);
+    out = textFrom(attribute.value());
+    return resultOf(attribute);
+}
+
+int XmlNode::GetIntAttribute(const char* name, std::int32_t& out) const {
+    const pugi::xml_attribute attribute = m_node.attribute(name);
+    if (const auto number = scanNumber(attribute.value(), 10)) {
+        out = toInt32(*number);
+    }
+    return resultOf(attribute);
+}
+
+int XmlNode::GetHexAttribute(const char* name, std::uint32_t& out) const {
+    const pugi::xml_attribute attribute = m_node.attribute(name);
+    if (const auto number = scanNumber(attribute.value(), 16)) {
+        out = toUint32(*number);
+    }
+    return resultOf(attribute);
+}
+
+int XmlNode::GetColorAttribute(const char* name, COLORREF& out) const {
+    const pugi::xml_attribute attribute = m_node.attribute(name);
+    if (const auto number = scanNumber(attribute.value(), 16)) {
+        const std::uint32_t rgb = toUint32(*number);
+        out = makeColorRef(rgb >> 16U, rgb >> 8U, rgb);
+    }
+    return resultOf(attribute);
+}
+
+QString XmlNode::Attribute(const char* name) const {
+    return textFrom(m_node.attribute(name).value());
+}
+
+XmlNode XmlNode::Child(const char* name) const {
+    return XmlNode(m_node.child(name));
+}
+
+XmlNode XmlNode::NextSibling(const char* name) const {
+    return XmlNode(m_node.next_sibling(name));
+}
+
+QString XmlNode::Text() const {
+    QString text;
+    pugi::xml_node at = m_node;
+    while (at) {
+        if (isText(at)) {
+            text += QString::fromUtf8(at.value());
+        }
+        if (at.first_child()) {
+            at = at.first_child();
+            continue;
+        }
+        while (at != m_node && !at.next_sibling()) {
+            at = at.parent();
+        }
+        at = at == m_node ? pugi::xml_node() : at.next_sibling();
+    }
+    return xmlText(text);
+}
+
+QString XmlNode::LeadingText() const {
+    QString text;
+    for (const pugi::xml_node& child : m_node.children()) {
+        if (child.type() == pugi::node_element) {
+            break;
+        }
+        if (isText(child)) {
+            text += QString::fromUtf8(child.value());
+        }
+    }
+    return xmlText(text);
+}
+
+std::vector<XmlNumberedNode> numberedNodes(const std::vector<XmlNode>& nodes, std::int32_t count) {
+    std::vector<XmlNumberedNode> numbered;
+    for (const XmlNode& node : nodes) {
+        const std::int32_t id = idOf(node);
+        if (id >= 0 && id < count) {
+            numbered.push_back({id, node});
+        }
+    }
+    std::ranges::stable_sort(numbered, {}, &XmlNumberedNode::id);
+    const auto repeated = std::ranges::unique(numbered, {}, &XmlNumberedNode::id);
+    numbered.erase(repeated.begin(), repeated.end());
+    return numbered;
+}
+
+std::vector<XmlNumberedNode> numberedChildren(const XmlNode& parent, const char* name,
+                                              std::int32_t count) {
+    if (count <= 0) {
+        return {};
+    }
+    std::vector<XmlNode> nodes;
+    for (XmlNode child = parent.Child(name); child; child = child.NextSibling(name)) {
+        nodes.push_back(child);
+    }
+    return numberedNodes(nodes, count);
+}
+
+}  // namespace vellora

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <QString>
+#include <vector>
+
+#include <pugixml.hpp>
+
+#include <vellora/base/Types.h>
+
+namespace vellora {
+
+/// What reading an attribute can tell.
+inline constexpr int kXmlFound = 0;
+inline constexpr int kXmlNoNode = 1;
+inline constexpr int kXmlNoAttribute = -1;
+
+/// One element of an opened document: a cursor, cheap to copy, valid while its `CXMLParse` lives.
+/// Each step costs no more than the children it passes, so a reader that walks down with it stays
+/// linear in the document. Texts come without the characters that XML cannot hold.
+class XmlNode {
+public:
+    XmlNode() = default;
+    explicit XmlNode(pugi::xml_node node) : m_node(node) {}
+
+    explicit operator bool() const { return static_cast<bool>(m_node); }
+
+    /// @name Attribute readers
+    /// They return `kXmlFound`, `kXmlNoNode` or `kXmlNoAttribute`. The text form empties `out`
+    /// first, the others write it only when there is a number; numbers beyond 32 bits stop at the
+    /// nearest limit.
+    /// @{
+    int GetAttribute(const char* name, QString& out) const;
+    int GetIntAttribute(const char* name, std::int32_t& out) const;
+    int GetHexAttribute(const char* name, std::uint32_t& out) const;
+    /// Reads "0xrrggbb".
+    int GetColorAttribute(const char* name, COLORREF& out) const;
+    /// @}
+
+    /// The attribute's text, empty when there is none.
+    [[nodiscard]] QString Attribute(const char* name) const;
+
+    /// The first child element of that name.
+    [[nodiscard]] XmlNode Child(const char* name) const;
+
+    /// The next element of that name under the same parent.
+    [[nodiscard]] XmlNode NextSibling(const char* name) const;
+
+    /// All text below the element, in document order.
+    [[nodiscard]] QString Text() const;
+
+    /// The text before the first child element.
+    [[nodiscard]] QString LeadingText() const;
+
+private:
+    [[nodiscard]] int resultOf(const pugi::xml_attribute& attribute) const;
+
+    pugi::xml_node m_node;
+};
+
+/// An element with the number of its "id" attribute.
+struct XmlNumberedNode {
+    std::int32_t id;
+    XmlNode node;
+};
+
+/// From `nodes`, in document order: those whose "id" is a decimal number from 0 to `count` - 1,
+/// written without sign or leading zeros, the first of each id, by rising id. The work does not
+/// depend on `count`.
+std::vector<XmlNumberedNode> numberedNodes(const std::vector<XmlNode>& nodes, std::int32_t count);
+
+/// The same over the child elements of `parent` that carry the name.
+std::vector<XmlNumberedNode> numberedChildren(const XmlNode& parent, const char* name,
+                                              std::int32_t count);
+
+}  // namespace vellora
