@@ -25,6 +25,7 @@ constexpr FilterParamDescs kParams{{
 
 constexpr int kTileEdge = 256;
 constexpr int kLargestStroke = 40;
+constexpr float kThinnest = 0.75F;  // half a stroke, in pixels
 constexpr std::uint32_t kPaperSeed = 900;
 constexpr double kPaperWave = 2.3;     // stage pixels
 constexpr float kHatchAngle = -0.96F;  // of a right-handed draughtsman, in radians
@@ -190,10 +191,14 @@ std::vector<PreparedPass> preparePasses(const cv::Mat& source, float halfWidth) 
     for (const Pass& kind : kPasses) {
         const auto seed = static_cast<std::uint32_t>(300 + 10 * passes.size());
         const float width = halfWidth * kind.width;
+        if (kind.onlyInDetail && width < kThinnest) {
+            break;
+        }
         const DabGrid grid =
             makeDabGrid(source.size(), static_cast<double>(width) * kind.pitchInWidths, seed);
         const cv::Mat colours = cellColours(source, grid);
-        passes.push_back({kind, grid, colours, strokeDirections(colours), std::max(0.8F, width)});
+        passes.push_back(
+            {kind, grid, colours, strokeDirections(colours), std::max(kThinnest, width)});
     }
     return passes;
 }
@@ -218,7 +223,7 @@ void lightPaper(cv::Mat& target, const cv::Rect& tile, const std::vector<float>&
 // rubbed onto the height field of a rough paper.
 void rubPastels(const cv::Mat& source, cv::Mat& target, int size, float hardness, int grain) {
     const double scale = stageScale(source.size());
-    const auto halfWidth = static_cast<float>((0.7 + 0.27 * size) * scale);
+    const auto halfWidth = static_cast<float>((0.85 + 0.26 * size) * scale);
     const PastelTouch touch{1.3F + 6.0F * hardness, 0.10F * static_cast<float>(grain)};
     const std::vector<PreparedPass> passes = preparePasses(source, halfWidth);
     const cv::Mat tint = paperTint(passes[0].colours);
