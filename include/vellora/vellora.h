@@ -8,6 +8,7 @@
 #include <vellora/filters/FilterCatalogue.h>
 #include <vellora/filters/PhotoProcessor.h>
 #include <vellora/filters/RandomSeed.h>
+#include <vellora/host/HostMessage.h>
 #include <vellora/host/ImageObj.h>
 #include <vellora/host/NodeHandle.h>
 #include <vellora/host/PtrList.h>
