@@ -26,7 +26,7 @@ constexpr FilterParamDescs kParams{{
 constexpr int kThickest = 40;
 constexpr float kThickness = 0.075F;   // optical depth of middling mist per unit of density
 constexpr float kMostCover = 0.86F;    // of the veil at any point: the photo stays readable
-constexpr float kBrightening = 1.16F;  // of the mean
+constexpr double kBrightening = 0.16;  // of the mean, at most
 constexpr float kWhitest = 246.0F;
 
 // Optical depth of the clouds: octaves of noise whose lattice is itself bent by noise, drawn out
@@ -75,6 +75,7 @@ cv::Mat scatteredLight(const cv::Mat& photo) {
 // Makes the mist light enough to show, while the picture keeps its brightness: night stays night.
 void balanceLight(cv::Mat& veil, const cv::Mat& photo) {
     double through = 0.0;
+    double cover = 0.0;
     double added = 0.0;
     double before = 0.0;
     for (int y = 0; y < veil.rows; ++y) {
@@ -84,10 +85,14 @@ void balanceLight(cv::Mat& veil, const cv::Mat& photo) {
             const double sum = p[0] + p[1] + p[2];
             before += sum;
             through += sum * v[3];
+            cover += 1.0 - v[3];
             added += v[0] + v[1] + v[2];
         }
     }
-    const double gain = added > 0.0 ? (kBrightening * before - through) / added : 0.0;
+    constexpr double kThickMist = 0.45;
+    const double meanCover = cover / static_cast<double>(veil.total());
+    const double wanted = before * (1.0 + kBrightening * std::min(1.0, meanCover / kThickMist));
+    const double gain = added > 0.0 ? (wanted - through) / added : 0.0;
     for (auto it = veil.begin<cv::Vec4f>(); it != veil.end<cv::Vec4f>(); ++it) {
         cv::Vec4f& v = *it;
         for (int c = 0; c < 3; ++c) {

@@ -40,7 +40,7 @@ Brush makeBrush(cv::Size size, float water) {
             wet,
             pixels(1.9 * wet),
             pixels(4.2 * wet),
-            pixels(2.2 * wet + 0.6),
+            pixels(2.6 * wet + 0.8),
             static_cast<float>(1.5 * wet * scale)};
 }
 
@@ -105,11 +105,11 @@ cv::Mat evenness(const cv::Mat& drawing, int radius) {
     return squares;
 }
 
-// What a fine brush puts back of the details that the wash drowned; faint ones stay away.
-float drawnLine(int detail) {
-    constexpr int kFaint = 9;
-    const int strong = std::max(0, std::abs(detail) - kFaint);
-    return 0.5F * static_cast<float>(detail < 0 ? -strong : strong);
+// What a fine brush puts back of a detail that the wash drowned; faint ones stay away.
+float drawnLine(float lost) {
+    constexpr float kFaint = 12.0F;
+    const float strong = std::max(0.0F, std::abs(lost) - kFaint);
+    return std::copysign(0.5F * strong, lost);
 }
 
 cv::Mat makeWash(const cv::Mat& drawing, const Brush& brush) {
@@ -150,8 +150,8 @@ cv::Mat makeWash(const cv::Mat& drawing, const Brush& brush) {
         for (int x = 0; x < drawing.cols; ++x) {
             const cv::Vec4f& sum = sums[static_cast<std::size_t>(x)];
             for (int c = 0; c < 3; ++c) {
-                const int detail = lines[x][c] - means.at<cv::Vec3b>(y, x)[c];
-                out[x][c] = cv::saturate_cast<uchar>(sum[c] / sum[3] + drawnLine(detail));
+                const float flowed = sum[c] / sum[3];
+                out[x][c] = cv::saturate_cast<uchar>(flowed + drawnLine(lines[x][c] - flowed));
             }
         }
     }
