@@ -1,6 +1,6 @@
+#include <vellora/base/HostText.h>
 #include <vellora/text/TextStyle.h>
 
-#include "base/HostText.h"
 #include "base/XmlText.h"
 
 namespace vellora {
@@ -50,6 +50,16 @@ TextEffectRecord TextStyle::MakeEffect() const {
     result.shadow_offset = shadow_x;
     result.shadow_angle = kShadowAngle;
     return result;
+}
+
+void TextStyle::TakeEffect(const TextEffectRecord& chosen) {
+    effect = chosen;
+    SetFont(chosen.GetFontName());
+    size = chosen.font_size;
+    bold = chosen.bold;
+    italic = chosen.italic;
+    underline = chosen.underline;
+    shadow = chosen.shadow;
 }
 
 }  // namespace vellora
