@@ -11,6 +11,7 @@
 #include <vellora/host/HostMessage.h>
 #include <vellora/host/ImageObj.h>
 #include <vellora/host/NodeHandle.h>
+#include <vellora/host/PhotoFile.h>
 #include <vellora/host/PtrList.h>
 #include <vellora/model/DVDAlbumImage.h>
 #include <vellora/model/DVDImage.h>
