@@ -97,10 +97,7 @@ Command addInfoCommand(CLI::App& program) {
         program.add_subcommand("info", "Size, orientation, preview size and canvas of photos");
     auto request = std::make_shared<InfoRequest>();
     command->add_flag("--json", request->json, "One JSON object a photo");
-    command->add_option("PHOTO", request->photos, "The photos")
-        ->type_name("")
-        ->allow_extra_args(false)  // else "[a]" would be a list of one
-        ->required();
+    command->add_option("PHOTO", request->photos, "The photos")->type_name("")->required();
     return {command, [request] { return runInfo(*request); }};
 }
 

@@ -3,7 +3,7 @@
 #include <QGuiApplication>
 #include <clocale>
 #include <cstdio>
-#include <cstdlib>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -40,6 +40,18 @@ int runGiven(const std::vector<Command>& commands, int argc, char** argv) {
     return kWrongUsage;
 }
 
+/// The arguments in the reversed order in which the parser takes them. It would read "[name]" as a
+/// list of one name; a photo may be called so.
+std::vector<std::string> argumentsOf(int argc, char** argv) {
+    std::vector<std::string> arguments;
+    for (int index = argc - 1; index > 0; --index) {
+        const std::string_view argument = argv[index];
+        const bool bracketed = argument.starts_with('[') && argument.ends_with(']');
+        arguments.push_back((bracketed ? "./" : "") + std::string(argument));
+    }
+    return arguments;
+}
+
 int runProgram(int argc, char** argv) {
     CLI::App program("Renders finished pictures of photos: filters, crops, art clips.");
     program.name("vellora");
@@ -48,7 +60,7 @@ int runProgram(int argc, char** argv) {
     const std::vector<Command> commands{addRenderCommand(program), addFiltersCommand(program),
                                         addInfoCommand(program)};
     try {
-        program.parse(argc, argv);
+        program.parse(argumentsOf(argc, argv));
         return runGiven(commands, argc, argv);
     } catch (const CLI::Success& request) {
         return program.exit(request);

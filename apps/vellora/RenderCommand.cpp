@@ -126,10 +126,7 @@ Command addRenderCommand(CLI::App& program) {
     auto request = std::make_shared<RenderRequest>();
     request->arguments.addTo(*command);
     request->edits.addTo(*command);
-    command->add_option("PHOTO", request->photos, "The photos")
-        ->type_name("")
-        ->allow_extra_args(false)  // else "[a]" would be a list of one
-        ->required();
+    command->add_option("PHOTO", request->photos, "The photos")->type_name("")->required();
     return {command, [request] { return runRender(*request); }};
 }
 
