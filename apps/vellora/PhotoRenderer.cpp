@@ -3,10 +3,13 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QImageWriter>
+#include <algorithm>
+#include <iterator>
 #include <memory>
 
 #include <opencv2/core/core_c.h>
 
+#include <vellora/base/HostText.h>
 #include <vellora/filters/PhotoProcessor.h>
 #include <vellora/filters/RandomSeed.h>
 #include <vellora/host/ImageObj.h>
@@ -18,6 +21,7 @@ namespace vellora::cli {
 namespace {
 
 constexpr int kLongestJpegSide = 65500;
+constexpr qsizetype kPathCapacity = std::size(_PHOTO_LIST_NODE{}.path);
 
 using Node = std::unique_ptr<_HNODE, void (*)(_HNODE*)>;
 
@@ -33,10 +37,11 @@ QString prepare(_PHOTO_LIST_NODE& record, const QString& photo, const RenderOpti
     if (!ReadPhotoInfo(photo, &info, &reason)) {
         return reason;
     }
-    const QString absolute = QFileInfo(photo).absoluteFilePath();
-    if (!SetPhotoPath(&record, absolute) && !SetPhotoPath(&record, photo)) {
-        return QStringLiteral("its path has more than 510 characters");
+    const QString path = QFileInfo(photo).absoluteFilePath();
+    if (path.size() >= kPathCapacity) {
+        return QStringLiteral("its path has more than %1 characters").arg(kPathCapacity - 1);
     }
+    setHostText(record.path, path);
     options.fillRecord(record, info);
     return {};
 }

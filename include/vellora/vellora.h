@@ -3,6 +3,7 @@
 /// @file
 /// Everything that a host needs of the module.
 
+#include <vellora/base/HostText.h>
 #include <vellora/base/PhotoListNode.h>
 #include <vellora/base/Types.h>
 #include <vellora/filters/FilterCatalogue.h>

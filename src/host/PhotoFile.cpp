@@ -1,11 +1,9 @@
 #include <QFileInfo>
 #include <QImageReader>
-#include <algorithm>
 #include <utility>
 
 #include <vellora/host/PhotoFile.h>
 
-#include "base/HostText.h"
 #include "base/PhotoDecoder.h"
 #include "base/StageFit.h"
 
@@ -104,17 +102,6 @@ bool ReadPhotoInfo(const QString& path, PhotoInfo* info, QString* reason) {
     info->height = size.height();
     setOrientation(*info, tag);
     setSizes(*info);
-    return true;
-}
-
-bool SetPhotoPath(_PHOTO_LIST_NODE* photo, const QString& path) {
-    constexpr qsizetype kCapacity = std::size(_PHOTO_LIST_NODE{}.path);
-    if (path.size() > kCapacity) {
-        return false;
-    }
-    // A path that fills the field needs no terminator.
-    std::copy_n(path.utf16(), path.size(), photo->path);
-    std::fill(photo->path + path.size(), photo->path + kCapacity, u'\0');
     return true;
 }
 

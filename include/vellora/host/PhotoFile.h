@@ -6,7 +6,6 @@
 #include <cstdint>
 
 #include <vellora/base/Export.h>
-#include <vellora/base/PhotoListNode.h>
 
 class QString;
 
@@ -44,9 +43,5 @@ struct PhotoInfo {
 ///                behind "FILE: ".
 /// @return False when the file is no picture that the module decodes.
 VELLORA_EXPORT bool ReadPhotoInfo(const QString& path, PhotoInfo* info, QString* reason = nullptr);
-
-/// Stores the path of a photo in its host record.
-/// @return False when it does not fit; the record is then unchanged.
-VELLORA_EXPORT bool SetPhotoPath(_PHOTO_LIST_NODE* photo, const QString& path);
 
 }  // namespace vellora
