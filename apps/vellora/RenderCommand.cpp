@@ -35,18 +35,29 @@ public:
           m_folder(options.folder, options.overwrite),
           m_names(planResultNames(photos, edits.files, m_folder.dir(), options.suffix())),
           m_renderer(options, edits),
-          m_progress(photos.size(), options.quiet) {}
+          m_progress(countOwn(), options.quiet) {}
 
     int run() {
         bool allDone = true;
+        qsizetype number = 0;
         for (qsizetype index = 0; index < m_photos.size(); ++index) {
-            m_progress.show(index + 1, m_photos[index]);
-            allDone = renderOne(m_photos[index], m_names[index]) && allDone;
+            if (m_options.shard.holds(index)) {
+                m_progress.show(++number, m_photos[index]);
+                allDone = renderOne(m_photos[index], m_names[index]) && allDone;
+            }
         }
         return allDone ? kAllDone : kSomeFailed;
     }
 
 private:
+    [[nodiscard]] qsizetype countOwn() const {
+        qsizetype count = 0;
+        for (qsizetype index = 0; index < m_photos.size(); ++index) {
+            count += m_options.shard.holds(index) ? 1 : 0;
+        }
+        return count;
+    }
+
     bool renderOne(const QString& photo, const QString& name) {
         RenderOutcome outcome;
         QString result;

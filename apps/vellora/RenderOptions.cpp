@@ -115,6 +115,11 @@ void RenderArguments::addBehaviour(CLI::App& command) {
                     "Fix the clock from which random filters seed\n"
                     "themselves, so that a render can be repeated")
         ->type_name("N");
+    command
+        .add_option("--shard", m_shard,
+                    "Render the I-th of N equal parts of the photos; all parts\n"
+                    "together give what one whole run gives")
+        ->type_name("I/N");
     command.add_flag("--json", m_flags.json, "One JSON object a photo on standard output");
     command.add_flag("--quiet", m_flags.quiet, "No progress line");
 }
@@ -126,6 +131,7 @@ RenderOptions RenderArguments::read() const {
     options.fit = toFit(m_fit);
     options.quality = toIntegerWithin(text(m_quality), 0, 100, QStringLiteral("--quality"));
     options.background = toColour(text(m_background), QStringLiteral("--background"));
+    options.shard = toShard(text(m_shard));
     if (!m_size.empty()) {
         options.size = toPictureSize(text(m_size), QStringLiteral("--size"));
     }

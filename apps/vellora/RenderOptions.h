@@ -9,6 +9,8 @@
 #include <vellora/base/PhotoListNode.h>
 #include <vellora/host/PhotoFile.h>
 
+#include "Shard.h"
+
 namespace CLI {
 class App;
 }
@@ -32,6 +34,7 @@ struct RenderOptions {
     bool flipY = false;
     bool asStored = false;  ///< The orientation tag does not count.
     std::optional<std::uint32_t> seed;
+    Shard shard;
     bool overwrite = false;
     bool json = false;
     bool quiet = false;
@@ -66,6 +69,7 @@ private:
     std::string m_background = "000000";
     std::string m_rotation;
     std::string m_seed;
+    std::string m_shard = "1/1";
 };
 
 }  // namespace vellora::cli

@@ -18,6 +18,16 @@ if command -v parallel >/dev/null; then
     done
 fi
 
+# The parts of a run, each in a process of its own, give what one whole run gives.
+"$vellora" render --out whole --filter Grey photos/*.jpg one/same.jpg one/same.jpg
+for part in 1 2 3 4 5; do
+    "$vellora" render --out parts --filter Grey --shard "$part/5" photos/*.jpg one/same.jpg \
+        one/same.jpg &
+done
+wait
+holds 14 whole
+diff -r whole parts >stderr || fail "the parts differ from the whole"
+
 # The same name from all sides at once: every photo has a result.
 cp one/same.jpg two/same.jpg
 for folder in one two one two one two one two; do

@@ -47,6 +47,9 @@ refused "six hexadecimal digits" --background 12345g
 refused "--fit" --fit stretch
 refused "--format" --format gif
 refused "from 0 to 4294967295" --seed -1
+refused "of the form I/N" --shard 3
+refused "within 1..4" --shard 5/4
+refused "within 1..4" --shard 0/4
 refused "no such file" --clip missing.svg@1,2
 refused "of the form FILE@X,Y" --clip photo.png
 refused "2 or 4 numbers" --clip photo.png@1,2,3
