@@ -56,8 +56,7 @@ public:
 
     // Exact, because value and divisor stay below 2^16: larger divisors leave every value as it is.
     [[nodiscard]] std::int64_t of(std::uint32_t value) const {
-        return m_divisor > kRandMax ? value
-                                    : value - ((value * m_reciprocal) >> 32U) * m_divisor;
+        return m_divisor > kRandMax ? value : value - ((value * m_reciprocal) >> 32U) * m_divisor;
     }
 
 private:

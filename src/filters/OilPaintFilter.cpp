@@ -168,8 +168,7 @@ bool COilPaintFilter::Apply(IplImage** image) {
         return false;
     }
     const Brush brush(slantedStroke(strokeHalfLength(factor(0) / 6)));
-    return brush.pixelCount() == 0 ||
-           runsInMemory([&] { OilPainter(picture, brush).paint(); });
+    return brush.pixelCount() == 0 || runsInMemory([&] { OilPainter(picture, brush).paint(); });
 }
 
 const char16_t* COilPaintFilter::GetName() const {

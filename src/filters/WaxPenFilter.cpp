@@ -166,8 +166,7 @@ bool CWaxPenFilter::Apply(IplImage** image) {
     const int halfLength = strokeHalfLength(static_cast<std::int64_t>(factor(0)) / 4);
     const float hardness = static_cast<float>(factor(1)) / 100.0F;
     const Brush brush(crayon(halfLength, hardness));
-    return brush.pixelCount() == 0 ||
-           runsInMemory([&] { WaxPainter(picture, brush).paint(); });
+    return brush.pixelCount() == 0 || runsInMemory([&] { WaxPainter(picture, brush).paint(); });
 }
 
 const char16_t* CWaxPenFilter::GetName() const {
