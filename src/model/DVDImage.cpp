@@ -10,8 +10,14 @@
 #include "base/JpegEncoder.h"
 #include "base/ModuleState.h"
 #include "base/StageFit.h"
+#include "text/PhotoFacts.h"
 
 namespace vellora {
+
+const _PHOTO_LIST_NODE* photoOf(const CDVDImage& record) {
+    return record.GetNode();
+}
+
 namespace {
 
 QColor opaque(COLORREF colour) {

@@ -2,12 +2,14 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QStringDecoder>
+#include <algorithm>
 #include <exception>
 
 namespace vellora {
 namespace {
 
-constexpr qint64 kMaxFileSize = qint64{1} << 30;
+constexpr qint64 kMaxFileSize = qint64{256} << 20;
 constexpr int kMaxDepth = 256;
 
 // Without conversion of line ends and attribute blanks: what was written is what is read.
@@ -35,21 +37,58 @@ bool nestsTooDeep(const pugi::xml_document& document) {
     return false;
 }
 
+bool isPlainName(const QString& path) {
+    return !path.isEmpty() && std::ranges::all_of(path, [](QChar c) {
+        return c == u'_' || (c.unicode() < 0x80 && c.isLetterOrNumber());
+    });
+}
+
+/// The parser counts in UTF-8; a document in UTF-16 is counted in the same units.
+QByteArray asParsed(const QByteArray& document) {
+    const auto encoding = QStringConverter::encodingForData(document, u'<');
+    if (!encoding || encoding == QStringConverter::Utf8) {
+        return document;
+    }
+    QStringDecoder decode(*encoding);
+    return QString(decode(document)).toUtf8();
+}
+
 XmlError errorAt(const QByteArray& document, const pugi::xml_parse_result& result) {
-    const auto offset = qBound(qsizetype{0}, qsizetype{result.offset}, document.size());
-    const QByteArray before = document.first(offset);
-    const auto line = before.count('\n') + 1;
-    const auto column = offset - (before.lastIndexOf('\n') + 1) + 1;
-    return {static_cast<int>(line), static_cast<int>(column),
-            QString::fromLatin1(result.description())};
+    const XmlPlace place = xmlPlace(asParsed(document), result.offset);
+    return {place.line, place.column, QString::fromLatin1(result.description())};
 }
 
 }  // namespace
 
+XmlPlace xmlPlace(const QByteArray& document, std::ptrdiff_t offset) {
+    const auto end = qBound(qsizetype{0}, qsizetype{offset}, document.size());
+    const QByteArray before = document.first(end);
+    const auto lineStart = before.lastIndexOf('\n') + 1;
+    const auto column = std::count_if(before.begin() + lineStart, before.end(),
+                                      [](char c) { return (c & 0xC0) != 0x80; });
+    return {static_cast<int>(before.count('\n') + 1), static_cast<int>(column + 1)};
+}
+
+pugi::xml_parse_result CXMLParse::Parse(QByteArray bytes) {
+    m_error = {};
+    m_context = {};
+    m_document.reset();
+    m_bytes = std::move(bytes);
+    return m_document.load_buffer_inplace(m_bytes.data(), static_cast<std::size_t>(m_bytes.size()),
+                                          kParseOptions);
+}
+
 int CXMLParse::Refuse(XmlError error) {
     m_document.reset();
+    m_bytes.clear();
     m_error = std::move(error);
     return 0;
+}
+
+int CXMLParse::RefuseWhenDeep() {
+    return nestsTooDeep(m_document)
+               ? Refuse({1, 1, QStringLiteral("The elements are nested too deep")})
+               : 1;
 }
 
 int CXMLParse::Open(const QString& path) {
@@ -59,27 +98,30 @@ int CXMLParse::Open(const QString& path) {
         return Refuse({0, 0, file.errorString()});
     }
     if (file.isSequential() || file.size() > kMaxFileSize) {
-        return Refuse({0, 0, QStringLiteral("Not a file of at most 1 GiB")});
+        return Refuse({0, 0, QStringLiteral("Not a file of at most 256 MiB")});
     }
-    return OpenText(file.readAll());
+    if (const pugi::xml_parse_result result = Parse(file.readAll()); !result) {
+        // Parsing changed the bytes.
+        return Refuse(errorAt(file.seek(0) ? file.readAll() : QByteArray(), result));
+    }
+    return RefuseWhenDeep();
 }
 
 int CXMLParse::OpenText(const QByteArray& document) {
-    m_error = {};
-    const pugi::xml_parse_result result = m_document.load_buffer(
-        document.constData(), static_cast<std::size_t>(document.size()), kParseOptions);
-    if (!result) {
+    const QByteArray copy(document.constData(), document.size());
+    if (const pugi::xml_parse_result result = Parse(copy); !result) {
         return Refuse(errorAt(document, result));
     }
-    if (nestsTooDeep(m_document)) {
-        return Refuse({1, 1, QStringLiteral("The elements are nested too deep")});
-    }
-    return 1;
+    return RefuseWhenDeep();
 }
 
 XmlNode CXMLParse::Select(const QString& xpath) const {
+    const pugi::xml_node context = m_context ? m_context.m_node : m_document;
+    if (isPlainName(xpath)) {
+        return XmlNode(context.child(xpath.toLatin1().constData()));
+    }
     try {
-        return XmlNode(m_document.select_node(xpath.toUtf8().constData()).node());
+        return XmlNode(context.select_node(xpath.toUtf8().constData()).node());
     } catch (const std::exception&) {
         return {};
     }
@@ -88,7 +130,8 @@ XmlNode CXMLParse::Select(const QString& xpath) const {
 std::vector<XmlNode> CXMLParse::SelectAll(const QString& xpath) const {
     std::vector<XmlNode> nodes;
     try {
-        pugi::xpath_node_set found = m_document.select_nodes(xpath.toUtf8().constData());
+        const pugi::xml_node context = m_context ? m_context.m_node : m_document;
+        pugi::xpath_node_set found = context.select_nodes(xpath.toUtf8().constData());
         found.sort();
         nodes.reserve(found.size());
         for (const pugi::xpath_node& match : found) {

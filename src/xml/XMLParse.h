@@ -19,6 +19,15 @@ struct XmlError {
     QString message;
 };
 
+/// A place in a document; line and column, in characters, count from 1.
+struct XmlPlace {
+    int line;
+    int column;
+};
+
+/// The place of an offset in a UTF-8 document.
+XmlPlace xmlPlace(const QByteArray& document, std::ptrdiff_t offset);
+
 /// Reads an XML file and answers questions by XPath.
 ///
 /// UTF-8, UTF-16, UTF-32 and Latin-1 documents are read. Values keep their line breaks, tabs and
@@ -33,14 +42,19 @@ public:
     CXMLParse& operator=(const CXMLParse&) = delete;
 
     /// Loads the file.
-    /// @return 1, or 0 when the file is missing, larger than 1 GiB, malformed or nested more than
-    ///         256 elements deep; `Error` then says why.
+    /// @return 1, or 0 when the file is missing, larger than 256 MiB, malformed or nested more
+    ///         than 256 elements deep; `Error` then says why.
     int Open(const QString& path);
 
     /// The same from memory.
     int OpenText(const QByteArray& document);
 
     [[nodiscard]] const XmlError& Error() const { return m_error; }
+
+    /// Makes paths that do not begin with a slash start at this element of the document, so that a
+    /// reader of one element need not search the whole document for it. A null node stands for
+    /// the document again.
+    void SetContext(const XmlNode& node) { m_context = node; }
 
     /// @name Queries
     /// The node is the first that matches the XPath. Results as in `XmlNode`.
@@ -53,18 +67,23 @@ public:
     int GetNodeText(const QString& xpath, QString& out) const;
     /// @}
 
-    /// The first node that matches, to walk on from. A query reads the whole document: ask once,
-    /// then use the node.
+    /// The first node that matches, to walk on from. A query may read the whole document: ask once,
+    /// then use the node. The name of a child of the context is found at once.
     [[nodiscard]] XmlNode Select(const QString& xpath) const;
 
     /// All nodes that match, in document order.
     [[nodiscard]] std::vector<XmlNode> SelectAll(const QString& xpath) const;
 
 private:
+    /// Parses the bytes in place; the document refers to them from then on.
+    pugi::xml_parse_result Parse(QByteArray bytes);
     int Refuse(XmlError error);
+    int RefuseWhenDeep();
 
     QString m_path;
+    QByteArray m_bytes;
     pugi::xml_document m_document;
+    XmlNode m_context;
     XmlError m_error;
 };
 
