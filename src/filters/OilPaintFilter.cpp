@@ -1,11 +1,14 @@
 #include "filters/OilPaintFilter.h"
 
-#include <array>
 #include <cstdint>
 #include <vector>
 
+#include <opencv2/core/hal/intrin.hpp>
+
 #include "base/Random.h"
 #include "filters/ImagePreflight.h"
+#include "filters/StrokePlan.h"
+#include "filters/StrokeTiles.h"
 #include "filters/Strokes.h"
 
 namespace vellora {
@@ -48,114 +51,133 @@ std::vector<BrushOffset> slantedStroke(int halfLength) {
     return offsets;
 }
 
-/// Truncated division of up to 255 times the divisor.
-class Divider {
-public:
-    Divider() {
-        for (std::size_t divisor = 2; divisor < kTableSize; ++divisor) {
-            m_reciprocals[divisor] = static_cast<std::uint32_t>((1ULL << 32U) / divisor + 1);
-        }
-    }
-
-    /// @param divisor  2 or more.
-    [[nodiscard]] std::uint32_t quotient(std::uint64_t value, std::uint32_t divisor) const {
-        return static_cast<std::uint32_t>(
-            divisor < kTableSize ? value * m_reciprocals[divisor] >> 32U : value / divisor);
-    }
-
-private:
-    // The reciprocal is at most 1 too large: with it a quotient is exact while value times divisor
-    // stays below 2^32, thus while 255 times the divisor squared does.
-    static constexpr std::size_t kTableSize = 4096;
-
-    std::array<std::uint32_t, kTableSize> m_reciprocals{};
-};
-
 /// A pixel and the number of strokes that have touched it, together for one memory access.
 struct Cell {
     std::uint32_t colour = kWhite;  // blue in the low byte
     std::uint32_t strokes = 0;
 };
 
+std::uint32_t packed(const cv::Vec3b& pixel) {
+    return pixel[0] | static_cast<std::uint32_t>(pixel[1]) << 8U |
+           static_cast<std::uint32_t>(pixel[2]) << 16U;
+}
+
+cv::Vec3b unpacked(std::uint32_t colour) {
+    return {static_cast<uchar>(colour), static_cast<uchar>(colour >> 8U),
+            static_cast<uchar>(colour >> 16U)};
+}
+
+/// Lays one colour over cells, again and again.
+class Paint {
+public:
+    explicit Paint(std::uint32_t colour)
+        : m_colour(colour), m_levels(levelsOf(colour) + cv::v_setall_f32(0.5F)) {}
+
+    void layOver(Cell& cell) const {
+        cell.colour = cell.colour == kWhite ? m_colour : mixed(cell);
+        ++cell.strokes;
+    }
+
+private:
+    static cv::v_float32x4 levelsOf(std::uint32_t colour) {
+        const std::uint64_t bytes = colour;
+        cv::v_uint16x8 words;
+        cv::v_uint16x8 unused;
+        cv::v_expand(cv::v_reinterpret_as_u8(cv::v_uint64x2(bytes, 0)), words, unused);
+        cv::v_uint32x4 low;
+        cv::v_uint32x4 high;
+        cv::v_expand(words, low, high);
+        return cv::v_cvt_f32(cv::v_reinterpret_as_s32(low));
+    }
+
+    /// The mean of all strokes on a cell and this one, truncated.
+    [[nodiscard]] std::uint32_t mixed(const Cell& cell) const {
+        // Half a level more than the sum lies far enough from whole multiples of the number of
+        // strokes for single precision to truncate the quotient as whole numbers would.
+        constexpr std::uint32_t kExact = 4096;
+        if (cell.strokes >= kExact) {
+            return mixedExactly(cell);
+        }
+        const auto strokes = static_cast<float>(static_cast<int>(cell.strokes));
+        const cv::v_float32x4 sum =
+            cv::v_muladd(levelsOf(cell.colour), cv::v_setall_f32(strokes), m_levels);
+        const cv::v_int32x4 mean = cv::v_trunc(sum * cv::v_setall_f32(1.0F / (strokes + 1.0F)));
+        const cv::v_int16x8 words = cv::v_pack(mean, mean);
+        return cv::v_reinterpret_as_u32(cv::v_pack_u(words, words)).get0();
+    }
+
+    [[nodiscard]] std::uint32_t mixedExactly(const Cell& cell) const {
+        const std::uint64_t strokes = cell.strokes;
+        std::uint32_t mean = 0;
+        for (unsigned shift = 0; shift < 24; shift += 8) {
+            const std::uint64_t sum =
+                (cell.colour >> shift & 0xFFU) * strokes + (m_colour >> shift & 0xFFU);
+            mean |= static_cast<std::uint32_t>(sum / (strokes + 1)) << shift;
+        }
+        return mean;
+    }
+
+    std::uint32_t m_colour;
+    cv::v_float32x4 m_levels;
+};
+
+/// A canvas of cells that lie together tile by tile.
 class OilPainter {
 public:
     OilPainter(cv::Mat& picture, const Brush& brush)
         : m_picture(picture), m_brush(brush), m_cells(picture.total()) {}
 
     void paint() {
-        layStrokes();
-        for (int y = 0; y < m_picture.rows; ++y) {
-            auto* row = m_picture.ptr<cv::Vec3b>(y);
-            const Cell* cells = rowOf(y);
-            for (int x = 0; x < m_picture.cols; ++x) {
-                // A pixel that is still white keeps the colour of the photo.
-                if (cells[x].colour != kWhite) {
-                    row[x] = unpacked(cells[x].colour);
-                }
-            }
+        // Enough strokes at a time for a tile to be worth fetching, in memory that is small next to
+        // that of the cells.
+        const std::size_t batch = m_picture.total() / 16 + 65536;
+        StrokePlan plan(m_picture, m_brush, false);
+        for (auto strokes = plan.next(batch); !strokes.empty(); strokes = plan.next(batch)) {
+            StrokeTiles(m_picture.size(), m_brush, strokes)
+                .forEachTile([this](const StrokeTile& tile, const auto& touching) {
+                    layStrokes(tile, touching);
+                });
         }
+        StrokeTiles(m_picture.size(), m_brush, {})
+            .forEachTile([this](const StrokeTile& tile, const auto&) { show(tile); });
     }
 
 private:
-    void layStrokes() {
-        RandomRun random;
-        auto remaining = static_cast<std::int64_t>(m_picture.total());
-        while (remaining > kUnpaintedLeft) {
-            const int x = random.below(m_picture.cols);
-            const int y = random.below(m_picture.rows);
-            remaining -= std::max<std::int64_t>(layStroke({x, y}), 1);
+    void layStrokes(const StrokeTile& tile, const auto& strokes) {
+        const cv::Rect area({}, tile.area.size());
+        for (const Stroke* stroke : strokes) {
+            const Paint paint(packed(stroke->colour));
+            m_brush.forEachSpan(stroke->centre - tile.area.tl(), area,
+                                [&](int y, int begin, int end) {
+                                    Cell* row = rowOf(tile, y);
+                                    for (int x = begin; x < end; ++x) {
+                                        paint.layOver(row[x]);
+                                    }
+                                });
         }
     }
 
-    /// Returns the number of pixels that were white before.
-    std::int64_t layStroke(cv::Point centre) {
-        const std::uint32_t colour = packed(m_picture.at<cv::Vec3b>(centre));
-        std::int64_t fresh = 0;
-        m_brush.forEachSpan(centre, m_picture.size(), [&](int y, int begin, int end) {
-            Cell* const last = rowOf(y) + end;
-            for (Cell* cell = rowOf(y) + begin; cell != last; ++cell) {
-                if (cell->colour == kWhite) {
-                    cell->colour = colour;
-                    ++fresh;
-                } else {
-                    cell->colour = mixed(*cell, colour);
+    /// A cell that is still white leaves the colour of the photo.
+    void show(const StrokeTile& tile) {
+        for (int y = 0; y < tile.area.height; ++y) {
+            auto* pixels = m_picture.ptr<cv::Vec3b>(tile.area.y + y) + tile.area.x;
+            const Cell* cells = rowOf(tile, y);
+            for (int x = 0; x < tile.area.width; ++x) {
+                if (cells[x].colour != kWhite) {
+                    pixels[x] = unpacked(cells[x].colour);
                 }
-                ++cell->strokes;
             }
-        });
-        return fresh;
+        }
     }
 
-    /// The mean of all strokes on a cell and one more.
-    [[nodiscard]] std::uint32_t mixed(const Cell& cell, std::uint32_t colour) const {
-        const std::uint64_t strokes = cell.strokes;
-        const auto mix = [&](unsigned shift) {
-            const std::uint64_t sum =
-                (cell.colour >> shift & 0xFFU) * strokes + (colour >> shift & 0xFFU);
-            return m_divider.quotient(sum, cell.strokes + 1) << shift;
-        };
-        return mix(0) | mix(8) | mix(16);
-    }
-
-    static std::uint32_t packed(const cv::Vec3b& pixel) {
-        return pixel[0] | static_cast<std::uint32_t>(pixel[1]) << 8U |
-               static_cast<std::uint32_t>(pixel[2]) << 16U;
-    }
-
-    static cv::Vec3b unpacked(std::uint32_t colour) {
-        return {static_cast<uchar>(colour), static_cast<uchar>(colour >> 8U),
-                static_cast<uchar>(colour >> 16U)};
-    }
-
-    Cell* rowOf(int y) {
-        return m_cells.data() +
-               static_cast<std::size_t>(y) * static_cast<std::size_t>(m_picture.cols);
+    Cell* rowOf(const StrokeTile& tile, int y) {
+        return m_cells.data() + tile.firstPixel +
+               static_cast<std::size_t>(y) * static_cast<std::size_t>(tile.area.width);
     }
 
     cv::Mat& m_picture;
     const Brush& m_brush;
     std::vector<Cell> m_cells;
-    Divider m_divider;
 };
 
 }  // namespace

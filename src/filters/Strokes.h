@@ -27,11 +27,12 @@ public:
     /// The smallest rectangle that holds all offsets.
     [[nodiscard]] const cv::Rect& bounds() const { return m_bounds; }
 
-    /// Calls `paint(y, begin, end)` for the runs of the stroke centred at `centre`: row y, columns
-    /// begin up to but not including end, clipped to a picture of the given size.
+    /// Calls `paint(y, begin, end)` for the runs of the stroke centred at `centre` that lie in
+    /// `area`: row y, columns begin up to but not including end.
     template <class Paint>
-    void forEachSpan(cv::Point centre, cv::Size picture, Paint paint) const {
-        if (liesInside(centre, picture)) {
+    void forEachSpan(cv::Point centre, const cv::Rect& area, Paint paint) const {
+        const cv::Rect covered = m_bounds + centre;
+        if ((covered & area) == covered) {
             for (const Run& run : m_runs) {
                 paint(centre.y + run.dy, centre.x + run.begin, centre.x + run.end);
             }
@@ -39,9 +40,9 @@ public:
         }
         for (const Run& run : m_runs) {
             const int y = centre.y + run.dy;
-            const int begin = std::max(centre.x + run.begin, 0);
-            const int end = std::min(centre.x + run.end, picture.width);
-            if (y >= 0 && y < picture.height && begin < end) {
+            const int begin = std::max(centre.x + run.begin, area.x);
+            const int end = std::min(centre.x + run.end, area.x + area.width);
+            if (y >= area.y && y < area.y + area.height && begin < end) {
                 paint(y, begin, end);
             }
         }
@@ -54,19 +55,10 @@ private:
         int end;
     };
 
-    [[nodiscard]] bool liesInside(cv::Point centre, cv::Size picture) const {
-        return centre.x + m_bounds.x >= 0 && centre.y + m_bounds.y >= 0 &&
-               centre.x + m_bounds.br().x <= picture.width &&
-               centre.y + m_bounds.br().y <= picture.height;
-    }
-
     std::vector<Run> m_runs;
     cv::Rect m_bounds;
     std::int64_t m_pixelCount;
 };
-
-/// Painters stop when no more pixels than this remain, and leave them as they are in the photo.
-inline constexpr std::int64_t kUnpaintedLeft = 500;
 
 /// The half length of a stroke that a painter is asked for, limited so that a file cannot ask for
 /// more work than time allows. The limit lies far beyond what the sliders reach.
@@ -74,5 +66,11 @@ inline int strokeHalfLength(std::int64_t asked) {
     constexpr std::int64_t kLongest = 128;
     return static_cast<int>(std::clamp<std::int64_t>(asked, 0, kLongest));
 }
+
+/// A stroke to be painted.
+struct Stroke {
+    cv::Point centre;
+    cv::Vec3b colour;
+};
 
 }  // namespace vellora
