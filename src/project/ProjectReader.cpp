@@ -6,7 +6,6 @@
 #include <vellora/model/DVDAlbumImage.h>
 #include <vellora/model/DVDImage.h>
 #include <vellora/model/DVDImageProps.h>
-#include <vellora/model/DVDImageText.h>
 
 #include "project/FilterRecord.h"
 #include "xml/XMLParse.h"
@@ -20,17 +19,12 @@ struct NewSprite {
     QString element;
 };
 
-NewSprite makeSprite(const QString& type, const QString& baseFolder) {
-    for (const QString& element : {QStringLiteral("text"), QStringLiteral("props")}) {
-        if (type.compare(element, Qt::CaseInsensitive) != 0) {
-            continue;
-        }
-        if (element == u"text") {
-            return {std::make_unique<CDVDImageText>(nullptr, baseFolder), element};
-        }
-        return {std::make_unique<CDVDImageProps>(nullptr), element};
+NewSprite makeSprite(const QString& type) {
+    const QString element = QStringLiteral("props");
+    if (type.compare(element, Qt::CaseInsensitive) != 0) {
+        return {};
     }
-    return {};
+    return {std::make_unique<CDVDImageProps>(nullptr), element};
 }
 
 std::int32_t countIn(const XmlNode& node, const char* name) {
@@ -92,7 +86,7 @@ private:
     }
 
     bool loadSprite(const XmlNode& node, CSpriteHolder& holder, bool isAlbum) {
-        auto [sprite, element] = makeSprite(node.Attribute("type"), m_baseFolder);
+        auto [sprite, element] = makeSprite(node.Attribute("type"));
         if (sprite == nullptr) {
             return false;
         }

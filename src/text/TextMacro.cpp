@@ -1,8 +1,8 @@
 #include <array>
 
+#include <vellora/base/HostText.h>
 #include <vellora/text/TextMacro.h>
 
-#include "base/HostText.h"
 #include "text/PhotoFacts.h"
 
 namespace vellora {

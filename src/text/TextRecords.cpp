@@ -1,6 +1,6 @@
+#include <vellora/base/HostText.h>
 #include <vellora/text/TextStyle.h>
 
-#include "base/HostText.h"
 #include "base/XmlText.h"
 
 namespace vellora {
