@@ -85,16 +85,22 @@ int CXMLParse::Refuse(XmlError error) {
     return 0;
 }
 
-int CXMLParse::RefuseWhenDeep() {
-    return nestsTooDeep(m_document)
-               ? Refuse({1, 1, QStringLiteral("The elements are nested too deep")})
-               : 1;
+int CXMLParse::RefuseWhenOdd() {
+    const auto elements = std::ranges::count_if(
+        m_document.children(), [](const auto& node) { return node.type() == pugi::node_element; });
+    if (elements > 1) {
+        return Refuse({1, 1, QStringLiteral("There is more than one outermost element")});
+    }
+    if (nestsTooDeep(m_document)) {
+        return Refuse({1, 1, QStringLiteral("The elements are nested too deep")});
+    }
+    return 1;
 }
 
 int CXMLParse::Open(const QString& path) {
     m_path = path;
     QFile file(path);
-    if (QFileInfo(path).isDir() || !file.open(QIODevice::ReadOnly)) {
+    if (path.isEmpty() || QFileInfo(path).isDir() || !file.open(QIODevice::ReadOnly)) {
         return Refuse({0, 0, file.errorString()});
     }
     if (file.isSequential() || file.size() > kMaxFileSize) {
@@ -104,7 +110,7 @@ int CXMLParse::Open(const QString& path) {
         // Parsing changed the bytes.
         return Refuse(errorAt(file.seek(0) ? file.readAll() : QByteArray(), result));
     }
-    return RefuseWhenDeep();
+    return RefuseWhenOdd();
 }
 
 int CXMLParse::OpenText(const QByteArray& document) {
@@ -112,7 +118,7 @@ int CXMLParse::OpenText(const QByteArray& document) {
     if (const pugi::xml_parse_result result = Parse(copy); !result) {
         return Refuse(errorAt(document, result));
     }
-    return RefuseWhenDeep();
+    return RefuseWhenOdd();
 }
 
 XmlNode CXMLParse::Select(const QString& xpath) const {

@@ -78,7 +78,7 @@ private:
     /// Parses the bytes in place; the document refers to them from then on.
     pugi::xml_parse_result Parse(QByteArray bytes);
     int Refuse(XmlError error);
-    int RefuseWhenDeep();
+    int RefuseWhenOdd();
 
     QString m_path;
     QByteArray m_bytes;

@@ -125,7 +125,7 @@ TEST(XmlReader, DropsCharactersThatNoFileMayHold) {
 TEST(XmlReader, RefusesWhatIsNoDocument) {
     const QTemporaryDir folder;
     for (const QByteArray& bad : {QByteArray(), QByteArray("no xml"), QByteArray("<a><b></a>"),
-                                  QByteArray("<a><b i='1'/>"), QByteArray("<a\0b", 4)}) {
+                                  QByteArray("<a><b i='1'/>"), QByteArray("<a/><b/>"), QByteArray("<a\0b", 4)}) {
         CXMLParse xml;
         EXPECT_EQ(xml.OpenText(bad), 0) << bad.constData();
         EXPECT_FALSE(xml.Select("//a")) << "nothing half-read";
