@@ -1,11 +1,14 @@
 #include "project/ProjectReader.h"
 
+#include <limits>
+#include <map>
 #include <memory>
 
 #include <vellora/filters/PhotoProcessor.h>
 #include <vellora/model/DVDAlbumImage.h>
 #include <vellora/model/DVDImage.h>
 #include <vellora/model/DVDImageProps.h>
+#include <vellora/project/ProjectContents.h>
 
 #include "project/FilterRecord.h"
 #include "xml/XMLParse.h"
@@ -47,16 +50,12 @@ public:
         }
     }
 
-    void loadPhotos(const std::vector<CDVDImage*>& photos) {
-        const auto records =
-            groupedById(m_reader.SelectAll(QStringLiteral("//ZEV_Photo_Info/Image_Data")),
-                        static_cast<std::int32_t>(photos.size()));
-        for (const auto& [id, nodes] : records) {
-            loadPhoto(nodes, *photos[static_cast<std::size_t>(id)]);
-        }
+    /// The elements of all photos by their id.
+    [[nodiscard]] std::map<std::int32_t, std::vector<XmlNode>> photos(std::int32_t count) const {
+        return groupedById(m_reader.SelectAll(QStringLiteral("//ZEV_Photo_Info/Image_Data")),
+                           count);
     }
 
-private:
     /// @param nodes  The photo's elements: one, unless a file numbers several alike.
     void loadPhoto(const std::vector<XmlNode>& nodes, CDVDImage& photo) {
         const XmlNode& first = nodes.front();
@@ -85,6 +84,7 @@ private:
         }
     }
 
+private:
     bool loadSprite(const XmlNode& node, CSpriteHolder& holder, bool isAlbum) {
         auto [sprite, element] = makeSprite(node.Attribute("type"));
         if (sprite == nullptr) {
@@ -113,7 +113,32 @@ void loadProject(const QString& path, const QString& baseFolder, CDVDAlbumImage&
     }
     Loader loader(reader, baseFolder);
     loader.loadAlbum(album);
-    loader.loadPhotos(photos);
+    for (const auto& [id, nodes] : loader.photos(static_cast<std::int32_t>(photos.size()))) {
+        loader.loadPhoto(nodes, *photos[static_cast<std::size_t>(id)]);
+    }
+}
+
+bool ReadProject(const QString& path, const QString& baseFolder, ProjectContents* contents,
+                 QString* reason) {
+    CXMLParse reader;
+    if (reader.Open(path) == 0) {
+        if (reason != nullptr) {
+            *reason = reader.Error().Text();
+        }
+        return false;
+    }
+    Loader loader(reader, baseFolder);
+    contents->album = std::make_unique<CDVDAlbumImage>();
+    loader.loadAlbum(*contents->album);
+    contents->photos.clear();
+    for (const auto& [id, nodes] : loader.photos(std::numeric_limits<std::int32_t>::max())) {
+        ProjectPhoto photo{id, nodes.front().Child("File_Name").Text(), 0,
+                           std::make_unique<CDVDImage>()};
+        nodes.front().GetIntAttribute("angle", photo.angle);
+        loader.loadPhoto(nodes, *photo.edits);
+        contents->photos.push_back(std::move(photo));
+    }
+    return true;
 }
 
 }  // namespace vellora
