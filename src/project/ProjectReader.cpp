@@ -8,6 +8,7 @@
 #include <vellora/model/DVDAlbumImage.h>
 #include <vellora/model/DVDImage.h>
 #include <vellora/model/DVDImageProps.h>
+#include <vellora/model/DVDImageText.h>
 #include <vellora/project/ProjectContents.h>
 
 #include "project/FilterRecord.h"
@@ -22,12 +23,17 @@ struct NewSprite {
     QString element;
 };
 
-NewSprite makeSprite(const QString& type) {
-    const QString element = QStringLiteral("props");
-    if (type.compare(element, Qt::CaseInsensitive) != 0) {
-        return {};
+NewSprite makeSprite(const QString& type, const QString& baseFolder) {
+    const auto is = [&type](QLatin1StringView name) {
+        return type.compare(name, Qt::CaseInsensitive) == 0;
+    };
+    if (is(QLatin1StringView("text"))) {
+        return {std::make_unique<CDVDImageText>(nullptr, baseFolder), QStringLiteral("text")};
     }
-    return {std::make_unique<CDVDImageProps>(nullptr), element};
+    if (is(QLatin1StringView("props"))) {
+        return {std::make_unique<CDVDImageProps>(nullptr), QStringLiteral("props")};
+    }
+    return {};
 }
 
 std::int32_t countIn(const XmlNode& node, const char* name) {
@@ -86,7 +92,7 @@ public:
 
 private:
     bool loadSprite(const XmlNode& node, CSpriteHolder& holder, bool isAlbum) {
-        auto [sprite, element] = makeSprite(node.Attribute("type"));
+        auto [sprite, element] = makeSprite(node.Attribute("type"), m_baseFolder);
         if (sprite == nullptr) {
             return false;
         }

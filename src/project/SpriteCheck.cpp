@@ -4,6 +4,7 @@
 #include <QImageReader>
 
 #include <vellora/model/DVDImageProps.h>
+#include <vellora/text/EffectCatalogue.h>
 
 namespace vellora {
 namespace {
@@ -40,7 +41,7 @@ void checkTexture(const XmlNode& layer, const QString& baseFolder, Findings& fin
         findings.add(layer, QStringLiteral("names no texture"));
         return;
     }
-    const QString path = baseFolder + QStringLiteral("/texteffect/texture/") + name;
+    const QString path = TextureFolder(baseFolder) + u'/' + name;
     if (name.contains(u'/') || name.contains(u'\\') || name == u"..") {
         findings.add(file,
                      QStringLiteral("texture %1 lies outside the folder of textures").arg(name));
