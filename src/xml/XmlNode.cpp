@@ -77,6 +77,14 @@ std::int32_t plainNumber(std::string_view text) {
 
 }  // namespace
 
+pugi::xml_attribute XmlNode::attribute(const char* name) const {
+    return m_node.attribute(name, m_hint);
+}
+
+bool XmlNode::AttributeIs(const char* name, const char* text) const {
+    return qstricmp(attribute(name).value(), text) == 0;
+}
+
 int XmlNode::resultOf(const pugi::xml_attribute& attribute) const {
     if (!m_node) {
         return kXmlNoNode;
@@ -85,42 +93,42 @@ int XmlNode::resultOf(const pugi::xml_attribute& attribute) const {
 }
 
 int XmlNode::GetAttribute(const char* name, QString& out) const {
-    const pugi::xml_attribute attribute = m_node.attribute(name);
-    out = textFrom(attribute.value());
-    return resultOf(attribute);
+    const pugi::xml_attribute found = attribute(name);
+    out = textFrom(found.value());
+    return resultOf(found);
 }
 
 int XmlNode::GetIntAttribute(const char* name, std::int32_t& out) const {
-    const pugi::xml_attribute attribute = m_node.attribute(name);
-    if (const auto number = scanNumber(attribute.value(), 10)) {
+    const pugi::xml_attribute found = attribute(name);
+    if (const auto number = scanNumber(found.value(), 10)) {
         out = toInt32(*number);
     }
-    return resultOf(attribute);
+    return resultOf(found);
 }
 
 int XmlNode::GetHexAttribute(const char* name, std::uint32_t& out) const {
-    const pugi::xml_attribute attribute = m_node.attribute(name);
-    if (const auto number = scanNumber(attribute.value(), 16)) {
+    const pugi::xml_attribute found = attribute(name);
+    if (const auto number = scanNumber(found.value(), 16)) {
         out = toUint32(*number);
     }
-    return resultOf(attribute);
+    return resultOf(found);
 }
 
 int XmlNode::GetColorAttribute(const char* name, COLORREF& out) const {
-    const pugi::xml_attribute attribute = m_node.attribute(name);
-    if (const auto number = scanNumber(attribute.value(), 16)) {
+    const pugi::xml_attribute found = attribute(name);
+    if (const auto number = scanNumber(found.value(), 16)) {
         const std::uint32_t rgb = toUint32(*number);
         out = makeColorRef(rgb >> 16U, rgb >> 8U, rgb);
     }
-    return resultOf(attribute);
+    return resultOf(found);
 }
 
 QString XmlNode::Attribute(const char* name) const {
-    return textFrom(m_node.attribute(name).value());
+    return textFrom(attribute(name).value());
 }
 
 std::int32_t XmlNode::Id() const {
-    return plainNumber(m_node.attribute("id").value());
+    return plainNumber(attribute("id").value());
 }
 
 QString XmlNode::Name() const {
