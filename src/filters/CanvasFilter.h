@@ -4,7 +4,8 @@
 
 namespace vellora {
 
-/// "Canvas".
+/// "Canvas": every pixel is taken from a random place up to `Range` columns and rows away. An axis
+/// on which that place falls outside the picture is not displaced. Draws two numbers per pixel.
 class CCanvasFilter final : public FactorFilter<CCanvasFilter, 1> {
 public:
     CCanvasFilter();

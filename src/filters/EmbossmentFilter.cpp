@@ -1,5 +1,8 @@
 #include "filters/EmbossmentFilter.h"
 
+#include "filters/ImagePreflight.h"
+#include "filters/Relief.h"
+
 namespace vellora {
 namespace {
 
@@ -15,8 +18,15 @@ constexpr FilterParamDescs kParams{{
 CEmbossmentFilter::CEmbossmentFilter()
     : FactorFilter(kParams, FilterCategory::ArtEffect, {64, 1}) {}
 
-bool CEmbossmentFilter::Apply(IplImage** /*image*/) {
-    return false;
+bool CEmbossmentFilter::Apply(IplImage** image) {
+    cv::Mat picture = matView(image);
+    if (picture.empty() || picture.depth() != CV_8U) {
+        return false;
+    }
+    if (picture.channels() == 1 || picture.channels() == 3) {
+        applyRelief(picture, factor(1), factor(0), ReliefScan::TopLeftFirst);
+    }
+    return true;
 }
 
 const char16_t* CEmbossmentFilter::GetName() const {

@@ -98,7 +98,8 @@ Size boxFit(Size picture, Size box) {
 }
 
 int scaledEdge(int edge, double factor) {
-    constexpr double kLimit = 1 << 30;
+    // The sum of two such edges is still an int.
+    constexpr double kLimit = (1 << 30) - 1;
     return static_cast<int>(std::clamp(edge * factor, -kLimit, kLimit));
 }
 

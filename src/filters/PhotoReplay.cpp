@@ -6,9 +6,9 @@
 
 #include <opencv2/core/core_c.h>
 
+#include <vellora/base/HostText.h>
 #include <vellora/filters/PhotoProcessor.h>
 
-#include "base/HostText.h"
 #include "base/ImageView.h"
 #include "base/PhotoDecoder.h"
 #include "filters/Geometry.h"

@@ -4,7 +4,7 @@
 
 namespace vellora {
 
-/// "Gauss Smooth".
+/// "Gauss Smooth": a Gaussian blur of 2 * `Amount` + 1 pixels square.
 class CSmoothFilter final : public FactorFilter<CSmoothFilter, 1> {
 public:
     CSmoothFilter();

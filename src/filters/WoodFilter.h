@@ -4,7 +4,8 @@
 
 namespace vellora {
 
-/// "Wood".
+/// "Wood": a two-level picture; a pixel becomes white where the mean of its channels is 128 or more
+/// and black elsewhere.
 class CWoodFilter final : public PlainFilter<CWoodFilter> {
 public:
     CWoodFilter();

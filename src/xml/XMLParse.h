@@ -8,6 +8,7 @@
 #include <pugixml.hpp>
 
 #include "xml/XmlNode.h"
+#include "xml/XmlPlaces.h"
 
 namespace vellora {
 
@@ -17,7 +18,16 @@ struct XmlError {
     int line = 0;
     int column = 0;
     QString message;
+
+    /// "line 3, column 7: message", or the message alone.
+    [[nodiscard]] QString Text() const;
 };
+
+/// The bytes of an XML file, or why there are none.
+bool readXmlFile(const QString& path, QByteArray& bytes, XmlError& error);
+
+/// A document in UTF-8 without a byte order mark, as the parser sees it and counts in it.
+QByteArray asUtf8(const QByteArray& document);
 
 /// Reads an XML file and answers questions by XPath.
 ///
@@ -33,14 +43,19 @@ public:
     CXMLParse& operator=(const CXMLParse&) = delete;
 
     /// Loads the file.
-    /// @return 1, or 0 when the file is missing, larger than 1 GiB, malformed or nested more than
-    ///         256 elements deep; `Error` then says why.
+    /// @return 1, or 0 when the file is missing, larger than 256 MiB, malformed or nested more
+    ///         than 256 elements deep; `Error` then says why.
     int Open(const QString& path);
 
     /// The same from memory.
     int OpenText(const QByteArray& document);
 
     [[nodiscard]] const XmlError& Error() const { return m_error; }
+
+    /// Makes paths that do not begin with a slash start at this element of the document, so that a
+    /// reader of one element need not search the whole document for it. A null node stands for
+    /// the document again.
+    void SetContext(const XmlNode& node) { m_context = node; }
 
     /// @name Queries
     /// The node is the first that matches the XPath. Results as in `XmlNode`.
@@ -53,18 +68,23 @@ public:
     int GetNodeText(const QString& xpath, QString& out) const;
     /// @}
 
-    /// The first node that matches, to walk on from. A query reads the whole document: ask once,
-    /// then use the node.
+    /// The first node that matches, to walk on from. A query may read the whole document: ask once,
+    /// then use the node. The name of a child of the context is found at once.
     [[nodiscard]] XmlNode Select(const QString& xpath) const;
 
     /// All nodes that match, in document order.
     [[nodiscard]] std::vector<XmlNode> SelectAll(const QString& xpath) const;
 
 private:
+    /// Parses the bytes in place; the document refers to them from then on.
+    pugi::xml_parse_result Parse(QByteArray bytes);
     int Refuse(XmlError error);
+    int RefuseWhenOdd();
 
     QString m_path;
+    QByteArray m_bytes;
     pugi::xml_document m_document;
+    XmlNode m_context;
     XmlError m_error;
 };
 

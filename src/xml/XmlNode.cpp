@@ -55,16 +55,24 @@ std::uint32_t toUint32(const ScannedNumber& number) {
     return number.negative ? 0U - bounded : bounded;
 }
 
-/// The value of an id attribute, or -1 when it is not a plain decimal number.
-std::int32_t idOf(const XmlNode& node) {
-    const QString text = node.Attribute("id");
-    bool isNumber = false;
-    const std::int32_t id = text.toInt(&isNumber);
-    return isNumber && text == QString::number(id) ? id : -1;
-}
-
 bool isText(const pugi::xml_node& node) {
     return node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata;
+}
+
+pugi::xml_node firstElementFrom(pugi::xml_node node) {
+    while (node && node.type() != pugi::node_element) {
+        node = node.next_sibling();
+    }
+    return node;
+}
+
+/// The number in a text of nothing but a number without sign or leading zeros, else -1.
+std::int32_t plainNumber(std::string_view text) {
+    std::int32_t number = -1;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    const bool isPlain = error == std::errc() && end == text.data() + text.size() &&
+                         (text.size() == 1 || text[0] != '0');
+    return isPlain ? number : -1;
 }
 
 }  // namespace
@@ -111,6 +119,22 @@ QString XmlNode::Attribute(const char* name) const {
     return textFrom(m_node.attribute(name).value());
 }
 
+std::int32_t XmlNode::Id() const {
+    return plainNumber(m_node.attribute("id").value());
+}
+
+QString XmlNode::Name() const {
+    return textFrom(m_node.name());
+}
+
+XmlNode XmlNode::FirstElement() const {
+    return XmlNode(firstElementFrom(m_node.first_child()));
+}
+
+XmlNode XmlNode::NextElement() const {
+    return XmlNode(firstElementFrom(m_node.next_sibling()));
+}
+
 XmlNode XmlNode::Child(const char* name) const {
     return XmlNode(m_node.child(name));
 }
@@ -154,7 +178,7 @@ QString XmlNode::LeadingText() const {
 std::vector<XmlNumberedNode> numberedNodes(const std::vector<XmlNode>& nodes, std::int32_t count) {
     std::vector<XmlNumberedNode> numbered;
     for (const XmlNode& node : nodes) {
-        const std::int32_t id = idOf(node);
+        const std::int32_t id = node.Id();
         if (id >= 0 && id < count) {
             numbered.push_back({id, node});
         }
@@ -165,16 +189,30 @@ std::vector<XmlNumberedNode> numberedNodes(const std::vector<XmlNode>& nodes, st
     return numbered;
 }
 
-std::vector<XmlNumberedNode> numberedChildren(const XmlNode& parent, const char* name,
+std::vector<XmlNumberedNode> numberedChildren(const std::vector<XmlNode>& parents, const char* name,
                                               std::int32_t count) {
     if (count <= 0) {
         return {};
     }
     std::vector<XmlNode> nodes;
-    for (XmlNode child = parent.Child(name); child; child = child.NextSibling(name)) {
-        nodes.push_back(child);
+    for (const XmlNode& parent : parents) {
+        for (XmlNode child = parent.Child(name); child; child = child.NextSibling(name)) {
+            nodes.push_back(child);
+        }
     }
     return numberedNodes(nodes, count);
+}
+
+std::map<std::int32_t, std::vector<XmlNode>> groupedById(const std::vector<XmlNode>& nodes,
+                                                         std::int32_t count) {
+    std::map<std::int32_t, std::vector<XmlNode>> groups;
+    for (const XmlNode& node : nodes) {
+        const std::int32_t id = node.Id();
+        if (id >= 0 && id < count) {
+            groups[id].push_back(node);
+        }
+    }
+    return groups;
 }
 
 }  // namespace vellora

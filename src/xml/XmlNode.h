@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QString>
+#include <cstddef>
+#include <map>
 #include <vector>
 
 #include <pugixml.hpp>
@@ -39,6 +41,16 @@ public:
     /// The attribute's text, empty when there is none.
     [[nodiscard]] QString Attribute(const char* name) const;
 
+    /// The number in the attribute "id", or -1 when that is not a plain decimal number, written
+    /// without sign or leading zeros.
+    [[nodiscard]] std::int32_t Id() const;
+
+    [[nodiscard]] QString Name() const;
+    /// The first child element, whatever its name.
+    [[nodiscard]] XmlNode FirstElement() const;
+    /// The next element under the same parent, whatever its name.
+    [[nodiscard]] XmlNode NextElement() const;
+
     /// The first child element of that name.
     [[nodiscard]] XmlNode Child(const char* name) const;
 
@@ -51,7 +63,13 @@ public:
     /// The text before the first child element.
     [[nodiscard]] QString LeadingText() const;
 
+    /// Where the element stands in the document as it was parsed, in bytes of UTF-8; -1 when that
+    /// is not known.
+    [[nodiscard]] std::ptrdiff_t Offset() const { return m_node.offset_debug(); }
+
 private:
+    friend class CXMLParse;
+
     [[nodiscard]] int resultOf(const pugi::xml_attribute& attribute) const;
 
     pugi::xml_node m_node;
@@ -63,13 +81,16 @@ struct XmlNumberedNode {
     XmlNode node;
 };
 
-/// From `nodes`, in document order: those whose "id" is a decimal number from 0 to `count` - 1,
-/// written without sign or leading zeros, the first of each id, by rising id. The work does not
-/// depend on `count`.
+/// From `nodes`, in document order: those whose `Id` is from 0 to `count` - 1, the first of each
+/// id, by rising id. The work does not depend on `count`.
 std::vector<XmlNumberedNode> numberedNodes(const std::vector<XmlNode>& nodes, std::int32_t count);
 
-/// The same over the child elements of `parent` that carry the name.
-std::vector<XmlNumberedNode> numberedChildren(const XmlNode& parent, const char* name,
+/// The same over the child elements of all `parents` that carry the name.
+std::vector<XmlNumberedNode> numberedChildren(const std::vector<XmlNode>& parents, const char* name,
                                               std::int32_t count);
+
+/// The nodes by their "id" as above, all of each id in document order.
+std::map<std::int32_t, std::vector<XmlNode>> groupedById(const std::vector<XmlNode>& nodes,
+                                                         std::int32_t count);
 
 }  // namespace vellora

@@ -5,9 +5,9 @@
 #include <gtest/gtest.h>
 #include <opencv2/core/core_c.h>
 
+#include <vellora/base/HostText.h>
 #include <vellora/filters/FilterCatalogue.h>
 
-#include "base/HostText.h"
 #include "base/ImageView.h"
 
 namespace vellora::test {

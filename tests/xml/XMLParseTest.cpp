@@ -124,8 +124,9 @@ TEST(XmlReader, DropsCharactersThatNoFileMayHold) {
 
 TEST(XmlReader, RefusesWhatIsNoDocument) {
     const QTemporaryDir folder;
-    for (const QByteArray& bad : {QByteArray(), QByteArray("no xml"), QByteArray("<a><b></a>"),
-                                  QByteArray("<a><b i='1'/>"), QByteArray("<a\0b", 4)}) {
+    for (const QByteArray& bad :
+         {QByteArray(), QByteArray("no xml"), QByteArray("<a><b></a>"), QByteArray("<a><b i='1'/>"),
+          QByteArray("<a/><b/>"), QByteArray("<a\0b", 4)}) {
         CXMLParse xml;
         EXPECT_EQ(xml.OpenText(bad), 0) << bad.constData();
         EXPECT_FALSE(xml.Select("//a")) << "nothing half-read";
@@ -138,6 +139,45 @@ TEST(XmlReader, RefusesWhatIsNoDocument) {
     EXPECT_EQ(xml.Error().line, 2);
     EXPECT_EQ(xml.OpenText("<a/>"), 1);
     EXPECT_TRUE(xml.Error().message.isEmpty());
+}
+
+TEST(XmlReader, TellsThePlaceOfAFaultInAnyEncoding) {
+    const QTemporaryDir folder;
+    const QString document = u"<a v='&lt;&amp;\n\n'>\n  <\u00E4>\U0001F600</b>\n</a>"_qs;
+    for (const auto encoding :
+         {QStringConverter::Utf8, QStringConverter::Utf16LE, QStringConverter::Utf16BE}) {
+        for (const auto mark :
+             {QStringConverter::Flag::Default, QStringConverter::Flag::WriteBom}) {
+            QStringEncoder encode(encoding, mark);
+            const QByteArray bytes = encode(document);
+            QFile file(folder.filePath("broken.xml"));
+            ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+            ASSERT_EQ(file.write(bytes), bytes.size());
+            file.close();
+            CXMLParse xml;
+            EXPECT_EQ(xml.Open(file.fileName()), 0);
+            EXPECT_EQ(xml.Error().Text(), "line 4, column 9: Start-end tags mismatch");
+            EXPECT_EQ(xml.OpenText(bytes), 0);
+            EXPECT_EQ(xml.Error().line, 4);
+            EXPECT_EQ(xml.Error().column, 9);
+        }
+    }
+}
+
+TEST(XmlReader, AnswersWithinAnElement) {
+    CXMLParse xml;
+    ASSERT_EQ(xml.OpenText("<a><s n='1'><t>x</t></s><s n='2'><t>y</t><u><t>z</t></u></s></a>"), 1);
+    xml.SetContext(xml.Select("/a/s[@n='2']"));
+    QString text;
+    EXPECT_EQ(xml.GetNodeText("t", text), 0);
+    EXPECT_EQ(text, "y");
+    EXPECT_EQ(xml.GetNodeText("u/t", text), 0);
+    EXPECT_EQ(text, "z");
+    EXPECT_EQ(xml.GetNodeText("//s/t", text), 0);
+    EXPECT_EQ(text, "x");
+    EXPECT_EQ(xml.GetNodeText("a", text), -1);
+    xml.SetContext({});
+    EXPECT_TRUE(xml.Select("a"));
 }
 
 TEST(XmlReader, ExpandsNoEntityOfTheDocument) {
@@ -164,15 +204,15 @@ TEST(XmlReader, NumbersChildrenByTheirId) {
     ASSERT_EQ(xml.OpenText("<a><s id='2' v='c'/><s id='0' v='a'/><t id='1'/><s id='02'/><s id='2' "
                            "v='late'/><s/><s id='-1'/><s id='9'/><s id='x'/></a>"),
               1);
-    const auto children = numberedChildren(xml.Select("/a"), "s", 9);
+    const auto children = numberedChildren({xml.Select("/a")}, "s", 9);
     ASSERT_EQ(children.size(), 2U);
     EXPECT_EQ(children[0].id, 0);
     EXPECT_EQ(children[1].id, 2);
     EXPECT_EQ(children[1].node.Attribute("v"), "c");
     EXPECT_EQ(
-        numberedChildren(xml.Select("/a"), "s", std::numeric_limits<std::int32_t>::max()).size(),
+        numberedChildren({xml.Select("/a")}, "s", std::numeric_limits<std::int32_t>::max()).size(),
         3U);
-    EXPECT_TRUE(numberedChildren(xml.Select("/a"), "s", 0).empty());
+    EXPECT_TRUE(numberedChildren({xml.Select("/a")}, "s", 0).empty());
 }
 
 }  // namespace

@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// Texts in the fixed UTF-16 fields of the host record.
+
 #include <QString>
 #include <algorithm>
 #include <cstddef>

@@ -1,0 +1,187 @@
+#include "common/ShowFile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QSaveFile>
+#include <cmath>
+
+#include <vellora/base/HostText.h>
+
+#include "common/ShowFields.h"
+
+namespace vellora::hostkit {
+namespace {
+
+constexpr qint64 kLargestFile = 64 << 20;
+constexpr int kVersion = 1;
+
+QString placeInText(const QByteArray& text, qsizetype offset) {
+    const QByteArray before = text.left(std::clamp<qsizetype>(offset, 0, text.size()));
+    const auto line = before.count('\n') + 1;
+    const auto column = before.size() - before.lastIndexOf('\n');
+    return QStringLiteral("line %1, column %2").arg(line).arg(column);
+}
+
+std::optional<QByteArray> readAll(const QString& path, QString* error) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        *error = file.errorString();
+        return {};
+    }
+    if (file.size() > kLargestFile) {
+        *error = QStringLiteral("larger than 64 MB");
+        return {};
+    }
+    return file.readAll();
+}
+
+ShowPhoto readPhoto(FieldReader reader, const QDir& folder) {
+    ShowPhoto photo;
+    photo.path = reader.text(QStringLiteral("path"));
+    if (!photo.path.isEmpty()) {
+        photo.path = QDir::cleanPath(folder.absoluteFilePath(photo.path));
+    }
+    photo.rotation = reader.rotation(QStringLiteral("rotation"));
+    photo.flipX = reader.boolean(QStringLiteral("flipX"));
+    photo.flipY = reader.boolean(QStringLiteral("flipY"));
+    photo.title = reader.text(QStringLiteral("title"));
+    photo.description = reader.text(QStringLiteral("description"));
+    photo.link = reader.text(QStringLiteral("link"));
+    photo.background = reader.colour(QStringLiteral("background"));
+    photo.suppressSprites = reader.boolean(QStringLiteral("suppressSprites"));
+    photo.firstDuration = reader.seconds(QStringLiteral("duration"));
+    photo.secondDuration = reader.seconds(QStringLiteral("transition"));
+    photo.unknown = reader.unread();
+    return photo;
+}
+
+QJsonObject photoObject(const ShowPhoto& photo, const QDir& folder) {
+    QJsonObject object = photo.unknown;
+    const auto put = [&object](const char* key, const QJsonValue& value, bool wanted) {
+        if (wanted) {
+            object.insert(QLatin1String(key), value);
+        }
+    };
+    put("path", folder.relativeFilePath(photo.path), true);
+    put("rotation", photo.rotation, photo.rotation != 0);
+    put("flipX", true, photo.flipX);
+    put("flipY", true, photo.flipY);
+    put("title", photo.title, !photo.title.isEmpty());
+    put("description", photo.description, !photo.description.isEmpty());
+    put("link", photo.link, !photo.link.isEmpty());
+    put("background", colourName(photo.background), photo.background != 0);
+    put("suppressSprites", true, photo.suppressSprites);
+    put("duration", photo.firstDuration, true);
+    put("transition", photo.secondDuration, true);
+    return object;
+}
+
+}  // namespace
+
+std::optional<Show> readShow(const QString& file, QStringList* warnings, QString* error) {
+    const std::optional<QByteArray> text = readAll(file, error);
+    if (!text) {
+        return {};
+    }
+    QJsonParseError problem;
+    const QJsonDocument document = QJsonDocument::fromJson(*text, &problem);
+    if (problem.error != QJsonParseError::NoError) {
+        *error =
+            QStringLiteral("%1: %2").arg(placeInText(*text, problem.offset), problem.errorString());
+        return {};
+    }
+    FieldReader reader(document.object(), {}, warnings);
+    if (reader.text(QStringLiteral("format")) != QLatin1String("vellora-show")) {
+        *error = QStringLiteral("not a slideshow file: no \"format\": \"vellora-show\"");
+        return {};
+    }
+    if (reader.whole(QStringLiteral("version"), kVersion) > kVersion) {
+        *error = QStringLiteral("made by a newer version of this program");
+        return {};
+    }
+    const QDir folder = QFileInfo(file).absoluteDir();
+    Show show;
+    const QString project = reader.text(QStringLiteral("project"));
+    show.projectPath = project.isEmpty() ? defaultProjectPath(file)
+                                         : QDir::cleanPath(folder.absoluteFilePath(project));
+    const QJsonArray photos = reader.array(QStringLiteral("photos"));
+    show.unknown = reader.unread();
+    show.photos.reserve(static_cast<std::size_t>(photos.size()));
+    for (qsizetype k = 0; k < photos.size(); ++k) {
+        // An entry that cannot be used keeps its place: the edits are matched by position.
+        const QString place = QStringLiteral("photos[%1]").arg(k);
+        show.photos.push_back(readPhoto({photos[k].toObject(), place, warnings}, folder));
+        if (show.photos.back().path.isEmpty()) {
+            warnings->append(place + QStringLiteral(": names no photo"));
+        }
+    }
+    return show;
+}
+
+bool writeShow(const QString& file, const Show& show, QString* error) {
+    const QDir folder = QFileInfo(file).absoluteDir();
+    QJsonArray photos;
+    for (const ShowPhoto& photo : show.photos) {
+        photos.append(photoObject(photo, folder));
+    }
+    QJsonObject object = show.unknown;
+    object.insert(QStringLiteral("format"), QStringLiteral("vellora-show"));
+    object.insert(QStringLiteral("version"), kVersion);
+    object.insert(QStringLiteral("project"), folder.relativeFilePath(show.projectPath));
+    object.insert(QStringLiteral("photos"), photos);
+
+    QSaveFile target(file);
+    const QByteArray text = QJsonDocument(object).toJson();
+    if (!target.open(QIODevice::WriteOnly) || target.write(text) != text.size() ||
+        !target.commit()) {
+        *error = target.errorString();
+        return false;
+    }
+    return true;
+}
+
+QString defaultProjectPath(const QString& showFile) {
+    const QFileInfo info(showFile);
+    return info.absoluteDir().filePath(info.completeBaseName() + QStringLiteral(".xml"));
+}
+
+bool isShowFile(const QString& path) {
+    return path.endsWith(QLatin1String(".vshow"), Qt::CaseInsensitive);
+}
+
+bool toRecord(const ShowPhoto& photo, _PHOTO_LIST_NODE& record) {
+    if (photo.path.size() >= static_cast<qsizetype>(std::size(record.path))) {
+        return false;
+    }
+    setHostText(record.path, photo.path);
+    setHostText(record.title, photo.title);
+    setHostText(record.description, photo.description);
+    setHostText(record.link, photo.link);
+    record.rotation = photo.rotation;
+    record.flip_x = photo.flipX ? 1 : 0;
+    record.flip_y = photo.flipY ? 1 : 0;
+    record.background = photo.background;
+    record.suppress_sprites = photo.suppressSprites ? 1 : 0;
+    record.first_duration = photo.firstDuration;
+    record.second_duration = photo.secondDuration;
+    return true;
+}
+
+void fromRecord(const _PHOTO_LIST_NODE& record, ShowPhoto& photo) {
+    photo.path = hostText(record.path);
+    photo.title = hostText(record.title);
+    photo.description = hostText(record.description);
+    photo.link = hostText(record.link);
+    photo.rotation = record.rotation;
+    photo.flipX = record.flip_x != 0;
+    photo.flipY = record.flip_y != 0;
+    photo.background = record.background;
+    photo.suppressSprites = record.suppress_sprites != 0;
+    photo.firstDuration = record.first_duration;
+    photo.secondDuration = record.second_duration;
+}
+
+}  // namespace vellora::hostkit

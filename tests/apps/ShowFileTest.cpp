@@ -1,0 +1,171 @@
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include <vellora/base/HostText.h>
+
+#include "common/ShowFile.h"
+
+namespace vellora::hostkit {
+namespace {
+
+struct ShowFileTest : testing::Test {
+    QTemporaryDir folder;
+    QString file = folder.filePath(QStringLiteral("show.vshow"));
+    QStringList warnings;
+    QString error;
+
+    std::optional<Show> read(const QByteArray& text) {
+        QFile target(file);
+        EXPECT_TRUE(target.open(QIODevice::WriteOnly));
+        target.write(text);
+        target.close();
+        warnings.clear();
+        error.clear();
+        return readShow(file, &warnings, &error);
+    }
+};
+
+const char* const kFull = R"({
+  "format": "vellora-show", "version": 1, "project": "edits/my.xml", "made by": "us",
+  "photos": [
+    {"path": "a b.jpg", "rotation": 270, "flipX": true, "flipY": true, "title": "T\u00e4",
+     "description": "two\nlines", "link": "https://example.org", "background": "#102030",
+     "suppressSprites": true, "duration": 5, "transition": 1, "rating": 4},
+    {"path": "/abs/c.png"}
+  ]
+})";
+
+TEST_F(ShowFileTest, ReadsEveryFieldAndWritesTheSameAgain) {
+    const auto show = read(kFull);
+    ASSERT_TRUE(show) << qPrintable(error);
+    EXPECT_TRUE(warnings.isEmpty()) << qPrintable(warnings.join(QLatin1Char('\n')));
+    EXPECT_EQ(show->projectPath, folder.filePath(QStringLiteral("edits/my.xml")));
+    ASSERT_EQ(show->photos.size(), 2U);
+    const ShowPhoto& photo = show->photos[0];
+    EXPECT_EQ(photo.path, folder.filePath(QStringLiteral("a b.jpg")));
+    EXPECT_EQ(photo.rotation, 270);
+    EXPECT_EQ(photo.title, QStringLiteral("T\u00e4"));
+    EXPECT_EQ(photo.background, makeColorRef(0x10, 0x20, 0x30));
+    EXPECT_TRUE(photo.flipX && photo.flipY && photo.suppressSprites);
+    EXPECT_EQ(photo.firstDuration, 5);
+    EXPECT_EQ(photo.secondDuration, 1);
+    EXPECT_EQ(show->photos[1].path, QStringLiteral("/abs/c.png"));
+    EXPECT_EQ(show->photos[1].firstDuration, 2);
+
+    ASSERT_TRUE(writeShow(file, *show, &error));
+    QFile first(file);
+    ASSERT_TRUE(first.open(QIODevice::ReadOnly));
+    const QByteArray text = first.readAll();
+    EXPECT_TRUE(text.contains("\"rating\": 4")) << "keys of other programs stay";
+    EXPECT_TRUE(text.contains("\"made by\": \"us\""));
+    EXPECT_TRUE(text.contains("\"a b.jpg\""));
+    const auto again = read(text);
+    ASSERT_TRUE(again);
+    ASSERT_TRUE(writeShow(file, *again, &error));
+    QFile second(file);
+    ASSERT_TRUE(second.open(QIODevice::ReadOnly));
+    EXPECT_EQ(second.readAll(), text);
+}
+
+TEST_F(ShowFileTest, GoesThroughTheHostRecord) {
+    const auto show = read(kFull);
+    ASSERT_TRUE(show);
+    _PHOTO_LIST_NODE record{};
+    ASSERT_TRUE(toRecord(show->photos[0], record));
+    EXPECT_EQ(hostText(record.title), QStringLiteral("T\u00e4"));
+    ShowPhoto back;
+    fromRecord(record, back);
+    EXPECT_EQ(back.path, show->photos[0].path);
+    EXPECT_EQ(back.description, QStringLiteral("two\nlines"));
+    EXPECT_EQ(back.rotation, 270);
+    EXPECT_EQ(back.background, show->photos[0].background);
+
+    ShowPhoto tooLong;
+    tooLong.path = QString(510, QLatin1Char('x'));
+    record = {};
+    EXPECT_FALSE(toRecord(tooLong, record));
+    EXPECT_EQ(record.path[0], u'\0');
+    tooLong.path.chop(1);
+    EXPECT_TRUE(toRecord(tooLong, record));
+}
+
+TEST_F(ShowFileTest, NamesTheLineOfBadJson) {
+    EXPECT_FALSE(read("{\n \"format\": \"vellora-show\",\n  oops }"));
+    EXPECT_TRUE(error.contains(QStringLiteral("line 3, column"))) << qPrintable(error);
+    for (const char* text : {"", "[]", "{}", "{\"format\": 3}",
+                             "{\"format\":\"vellora-show\","
+                             "\"version\": 99}"}) {
+        EXPECT_FALSE(read(text)) << text;
+        EXPECT_FALSE(error.isEmpty());
+    }
+    EXPECT_FALSE(readShow(folder.path(), &warnings, &error));
+    EXPECT_FALSE(readShow(folder.filePath(QStringLiteral("no.vshow")), &warnings, &error));
+}
+
+TEST_F(ShowFileTest, WarnsOfValuesOfTheWrongKindAndKeepsThePlaces) {
+    const auto show = read(R"({"format": "vellora-show", "photos": [
+        7,
+        {"path": "a.jpg", "rotation": 45, "flipX": "yes", "title": [], "background": "red",
+         "duration": 0, "transition": 1e300},
+        {"rotation": 90}, {"path": "b.jpg", "rotation": 180}]})");
+    ASSERT_TRUE(show);
+    ASSERT_EQ(show->photos.size(), 4U) << "edits are matched by position";
+    EXPECT_EQ(show->photos[1].rotation, 0);
+    EXPECT_EQ(show->photos[1].secondDuration, 2);
+    EXPECT_EQ(show->photos[3].rotation, 180);
+    EXPECT_EQ(warnings.size(), 8) << qPrintable(warnings.join(QLatin1Char('\n')));
+    EXPECT_TRUE(
+        warnings.contains(QStringLiteral("photos[1].rotation: expected 0, 90, 180 or 270")));
+}
+
+TEST_F(ShowFileTest, AFailedWriteLeavesTheOldFile) {
+    const auto show = read(kFull);
+    ASSERT_TRUE(show);
+    EXPECT_FALSE(writeShow(folder.filePath(QStringLiteral("no/dir.vshow")), *show, &error));
+    EXPECT_FALSE(error.isEmpty());
+    EXPECT_TRUE(QFile::exists(file));
+}
+
+TEST_F(ShowFileTest, SurvivesMutatedFiles) {
+    std::mt19937 engine(7);
+    const auto random = [&engine] { return static_cast<unsigned>(engine()); };
+    const QByteArray base(kFull);
+    int accepted = 0;
+    for (int round = 0; round < 2000; ++round) {
+        QByteArray text = base;
+        for (unsigned change = random() % 6; change-- > 0 && !text.isEmpty();) {
+            const auto at = static_cast<qsizetype>(random() % static_cast<unsigned>(text.size()));
+            switch (random() % 4) {
+                case 0:
+                    text[at] = static_cast<char>(random());
+                    break;
+                case 1:
+                    text.remove(at, static_cast<qsizetype>(random() % 20));
+                    break;
+                case 2:
+                    text.insert(at, text.mid(at / 2, 30));
+                    break;
+                default:
+                    text[at] = "{}[]\",:0"[random() % 8];
+                    break;
+            }
+        }
+        const auto show = read(text);
+        EXPECT_NE(show.has_value(), !error.isEmpty());
+        if (show) {
+            ++accepted;
+            for (const ShowPhoto& photo : show->photos) {
+                _PHOTO_LIST_NODE record{};
+                toRecord(photo, record);
+            }
+        }
+    }
+    EXPECT_GT(accepted, 100);
+}
+
+}  // namespace
+}  // namespace vellora::hostkit

@@ -1,0 +1,146 @@
+#include <QImage>
+#include <QPainter>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <vellora/filters/PhotoProcessor.h>
+#include <vellora/model/DVDAlbumImage.h>
+#include <vellora/model/DVDImage.h>
+#include <vellora/model/DVDImageProps.h>
+
+#include "base/ModuleState.h"
+#include "support/TestPhotos.h"
+
+namespace vellora {
+namespace {
+
+constexpr QRgb kBack = qRgb(10, 20, 30);
+constexpr QRgb kPhoto = qRgb(200, 100, 50);
+
+struct DVDImageTest : testing::Test {
+    QTemporaryDir folder;
+    std::unique_ptr<_PHOTO_LIST_NODE> node;
+    CDVDAlbumImage album;
+    CDVDImage image;
+
+    void bindPhoto(int width, int height) {
+        node = test::record(colourFile(QStringLiteral("photo"), width, height, kPhoto));
+        image.BindNode(node.get(), &album);
+        image.SetBackgroundColor(makeColorRef(10, 20, 30));
+        image.GetProcessor()->Rebuild(false);
+    }
+
+    ~DVDImageTest() override { image.BindNode(nullptr, nullptr); }
+
+    QString colourFile(const QString& name, int width, int height, QRgb colour) {
+        return test::writePng(folder, name + QStringLiteral(".png"),
+                              cv::Mat(height, width, CV_8UC3,
+                                      cv::Scalar(qBlue(colour), qGreen(colour), qRed(colour))));
+    }
+
+    void addClip(CSpriteHolder& holder, const QString& name, QRgb colour, QRect place) {
+        auto* clip = new CDVDImageProps(&holder, colourFile(name, 4, 4, colour));
+        clip->SetPosition(place.x(), place.y());
+        clip->SetSize(place.width(), place.height());
+        ASSERT_EQ(holder.AddSprite(clip, false), 1);
+    }
+
+    /// The rectangle of the canvas that the photo covers.
+    QRect photoArea(int fitMode) {
+        const QImage picture =
+            image.Compose(image.GetCanvasWidth(), image.GetCanvasHeight(), fitMode);
+        QRect area;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                if (picture.pixel(x, y) != kBack) {
+                    area |= QRect(x, y, 1, 1);
+                }
+            }
+        }
+        return area;
+    }
+};
+
+TEST_F(DVDImageTest, PlacesPhotosOnTheCanvas) {
+    bindPhoto(300, 200);
+    EXPECT_EQ(photoArea(0), QRect(234, 188, 300, 200));
+    EXPECT_EQ(photoArea(1), QRect(234, 188, 300, 200));
+
+    bindPhoto(1920, 1080);
+    image.GetProcessor()->ReleaseImages();
+    image.GetProcessor()->Rebuild(false);
+    EXPECT_EQ(photoArea(0), QRect(0, 72, 768, 432));
+    EXPECT_EQ(photoArea(1), QRect(0, 0, 768, 576));
+}
+
+TEST_F(DVDImageTest, DrawsAlbumSpritesBeneathThePhotosOwn) {
+    bindPhoto(1200, 900);
+    image.SetCanvasSize(1200, 900);
+    addClip(image, QStringLiteral("own"), qRgb(0, 0, 255), {100, 100, 50, 50});
+    addClip(album, QStringLiteral("first"), qRgb(255, 0, 0), {120, 100, 50, 50});
+    addClip(album, QStringLiteral("second"), qRgb(0, 255, 0), {140, 100, 50, 50});
+
+    const QImage picture = image.Compose(1200, 900, 0);
+    EXPECT_EQ(picture.pixel(199, 210), kPhoto);
+    EXPECT_EQ(picture.pixel(299, 210), qRgb(0, 0, 255));
+    EXPECT_EQ(picture.pixel(301, 210), qRgb(0, 255, 0));
+    EXPECT_EQ(picture.pixel(379, 299), qRgb(0, 255, 0));
+    EXPECT_EQ(picture.pixel(379, 300), kPhoto);
+
+    node->suppress_sprites = 1;
+    EXPECT_EQ(image.Compose(1200, 900, 0).pixel(299, 210), kPhoto);
+}
+
+TEST_F(DVDImageTest, ARegionMovesPhotoAndSprites) {
+    bindPhoto(300, 200);
+    image.SetCanvasSize(1200, 900);
+    addClip(image, QStringLiteral("own"), qRgb(0, 0, 255), {60, 45, 10, 10});
+    image.SetRegion(121, 91);
+    const QImage picture = image.Compose(300, 200, 0);
+    EXPECT_EQ(picture.pixel(0, 0), qRgb(0, 0, 255)) << "origin 121 / 2 truncates to 60 units";
+    EXPECT_EQ(picture.pixel(19, 19), qRgb(0, 0, 255));
+    EXPECT_EQ(picture.pixel(20, 19), kPhoto);
+    EXPECT_EQ(picture.pixel(299, 199), kPhoto);
+    image.ClearRegion();
+    EXPECT_EQ(image.Compose(1200, 900, 0).pixel(0, 0), kBack);
+}
+
+TEST_F(DVDImageTest, EveryChangeOfTheListMarksThePhoto) {
+    bindPhoto(30, 20);
+    CDVDImageProps clip(nullptr, QStringLiteral("x.png"));
+    const auto changed = [&] { return std::exchange(node->changed, 0); };
+    changed();
+    EXPECT_EQ(image.AddSprite(nullptr, false), 0);
+    EXPECT_EQ(image.RemoveSprite(&clip, false), 0);
+    EXPECT_EQ(changed(), 0);
+    EXPECT_EQ(image.AddSprite(&clip, true), 1);
+    EXPECT_EQ(changed(), 1);
+    image.GetSprites().GetAt(0)->SetPosition(3, 4);
+    EXPECT_EQ(changed(), 1);
+    EXPECT_EQ(image.RemoveSprite(image.GetSprites().GetAt(0), true), 1);
+    EXPECT_EQ(changed(), 1);
+    EXPECT_EQ(image.ClearSprites(true), 1);
+    EXPECT_EQ(changed(), 1);
+}
+
+TEST_F(DVDImageTest, StartsUnboundAndFollowsTheRecordOnRequest) {
+    EXPECT_EQ(image.GetAngle(), -90);
+    EXPECT_EQ(image.GetCanvasWidth(), 768);
+    EXPECT_EQ(image.GetCanvasHeight(), 576);
+    EXPECT_STREQ(image.GetRuntimeClass()->m_lpszClassName, "CDVDImage");
+    image.SyncAngleFromNode();
+    EXPECT_EQ(image.GetAngle(), -90);
+    // Drawn without a photo: nothing but background.
+    EXPECT_EQ(image.Compose(5, 5, 0).pixel(2, 2), qRgb(0, 0, 0));
+    EXPECT_TRUE(image.Compose(0, 5, 0).isNull());
+
+    bindPhoto(30, 20);
+    node->rotation = 180;
+    image.SyncAngleFromNode();
+    EXPECT_EQ(image.GetAngle(), 180);
+    EXPECT_EQ(currentBackground(), makeColorRef(10, 20, 30));
+}
+
+}  // namespace
+}  // namespace vellora
