@@ -25,7 +25,7 @@ public:
     ~CDVDImageText() override;
 
     [[nodiscard]] QPoint GetHandlePoint(QPoint offset, int index) const override;
-    /// The measured size in design units; 100 x 40 until there is a text.
+    /// The measured size in design units; 100 x 40 while there is no text.
     [[nodiscard]] QSize GetSize() const override;
     /// Draws the text through its effect. What lies left of or above the sprite's position, or
     /// beyond 1.2 times its size, is cut off. The handle squares of a selected sprite are not
@@ -68,8 +68,9 @@ private:
     QString m_text;
     TextStyle m_style;
     QString m_displayText;
-    mutable QSize m_measured;
-    mutable bool m_isMeasured = true;
+    mutable bool m_isMeasured = false;
+    mutable QSizeF m_layoutSize;  // as laid out
+    mutable QSize m_size;         // in design units
 };
 
 }  // namespace vellora
