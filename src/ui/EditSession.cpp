@@ -18,6 +18,9 @@ EditSession::EditSession(QObject* parent) : QObject(parent) {}
 EditSession::~EditSession() = default;
 
 void EditSession::setPhoto(CDVDImage* record, CDVDAlbumImage* album) {
+    if (m_record != nullptr) {
+        Q_EMIT photoAboutToChange();
+    }
     m_record = record;
     m_album = album;
     Q_EMIT photoChanged();
@@ -85,17 +88,24 @@ void EditSession::removeSprite(CDVDImageSprite* sprite) {
     });
 }
 
+void EditSession::deleteSprite(CDVDImageSprite* sprite) {
+    if (isOpen() && holds(sprite)) {
+        removeSprite(sprite);
+        Q_EMIT albumChanged();
+    }
+}
+
 void EditSession::moveSprite(CDVDImageSprite* sprite, QPoint position) {
     if (holds(sprite) && sprite->GetPosition() != position) {
         perform(PhotoEdit::Sprites, [&] { sprite->SetPosition(position.x(), position.y()); });
     }
 }
 
-void EditSession::placeSprite(CDVDImageSprite* sprite, const Rect& rect) {
-    if (holds(sprite) && sprite->GetRect() != rect) {
+void EditSession::placeSprite(CDVDImageSprite* sprite, QPoint position, QSize size) {
+    if (holds(sprite) && (sprite->GetPosition() != position || sprite->GetSize() != size)) {
         perform(PhotoEdit::Sprites, [&] {
-            sprite->SetPosition(rect.left, rect.top);
-            sprite->SetSize(rect.width(), rect.height());
+            sprite->SetPosition(position.x(), position.y());
+            sprite->SetSize(size.width(), size.height());
         });
     }
 }
@@ -151,7 +161,7 @@ void EditSession::setText(CDVDImageText* sprite, const QString& text) {
 }
 
 void EditSession::setTextStyle(CDVDImageText* sprite, const TextStyle& style) {
-    if (holds(sprite)) {
+    if (holds(sprite) && sprite->GetStyle() != style) {
         perform(PhotoEdit::Sprites, [&] { sprite->SetStyle(style); });
     }
 }

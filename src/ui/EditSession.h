@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QPoint>
+#include <QSize>
 #include <QString>
 #include <functional>
 #include <memory>
@@ -66,8 +67,10 @@ public:
     CDVDImageSprite* addSprite(std::unique_ptr<CDVDImageSprite> sprite);
     /// Takes a sprite off the photo, or out of the album, and deletes it.
     void removeSprite(CDVDImageSprite* sprite);
+    /// The same as a command of the user, after which every photo counts as changed.
+    void deleteSprite(CDVDImageSprite* sprite);
     void moveSprite(CDVDImageSprite* sprite, QPoint position);
-    void placeSprite(CDVDImageSprite* sprite, const Rect& rect);
+    void placeSprite(CDVDImageSprite* sprite, QPoint position, QSize size);
     void reorderSprite(CDVDImageSprite* sprite, SpriteOrder order);
     /// Moves a sprite, or with null all of the photo's own, into the album.
     void applyToAll(CDVDImageSprite* sprite);
@@ -87,6 +90,8 @@ public:
     void restoreOriginal();
 
 Q_SIGNALS:
+    /// The open photo is about to be left; it can still be edited.
+    void photoAboutToChange();
     /// Another photo was opened, or the present one closed.
     void photoChanged();
     /// The open photo was edited.

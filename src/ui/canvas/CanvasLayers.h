@@ -1,31 +1,45 @@
 #pragma once
 
 #include <QImage>
+#include <map>
+#include <string>
+
+#include "ui/canvas/SpriteCache.h"
 
 namespace vellora {
 
+class CDVDImageSprite;
 class EditSession;
 
 /// The picture on the canvas, in layers that are kept until what they show changes: the photo with
-/// its background and live filter, and over it everything together.
+/// its background and live filter, each sprite, and over them everything together.
 class CanvasLayers {
 public:
     explicit CanvasLayers(const EditSession& session) : m_session(session) {}
 
     void invalidatePhoto();
     void invalidateSprites() { m_composed = {}; }
+    /// A text that is being typed is not drawn; null for none.
+    void hideSprite(const CDVDImageSprite* sprite);
 
     /// The stage as it will be rendered, at a number of device pixels for each unit.
     const QImage& composed(double ratio);
 
 private:
-    const QImage& photo(double ratio);
-    void drawPhoto(QImage& surface) const;
+    const QImage& photo();
+    void drawPhoto(QImage& surface);
+    void drawPicture(QImage& surface);
+    void drawMessage(QImage& surface) const;
+    void drawSprites(QImage& surface);
 
     const EditSession& m_session;
     QImage m_photo;
+    SpriteCache m_sprites;
     QImage m_composed;
+    const CDVDImageSprite* m_hidden = nullptr;
     double m_ratio = 1.0;
+    /// What the live filters took when they were applied last, in milliseconds, by their names.
+    std::map<std::u16string, qint64> m_filterTimes;
 };
 
 }  // namespace vellora
