@@ -59,6 +59,13 @@ bool isText(const pugi::xml_node& node) {
     return node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata;
 }
 
+pugi::xml_node firstElementFrom(pugi::xml_node node) {
+    while (node && node.type() != pugi::node_element) {
+        node = node.next_sibling();
+    }
+    return node;
+}
+
 /// The number in a text of nothing but a number without sign or leading zeros, else -1.
 std::int32_t plainNumber(std::string_view text) {
     std::int32_t number = -1;
@@ -114,6 +121,18 @@ QString XmlNode::Attribute(const char* name) const {
 
 std::int32_t XmlNode::Id() const {
     return plainNumber(m_node.attribute("id").value());
+}
+
+QString XmlNode::Name() const {
+    return textFrom(m_node.name());
+}
+
+XmlNode XmlNode::FirstElement() const {
+    return XmlNode(firstElementFrom(m_node.first_child()));
+}
+
+XmlNode XmlNode::NextElement() const {
+    return XmlNode(firstElementFrom(m_node.next_sibling()));
 }
 
 XmlNode XmlNode::Child(const char* name) const {

@@ -45,6 +45,12 @@ public:
     /// without sign or leading zeros.
     [[nodiscard]] std::int32_t Id() const;
 
+    [[nodiscard]] QString Name() const;
+    /// The first child element, whatever its name.
+    [[nodiscard]] XmlNode FirstElement() const;
+    /// The next element under the same parent, whatever its name.
+    [[nodiscard]] XmlNode NextElement() const;
+
     /// The first child element of that name.
     [[nodiscard]] XmlNode Child(const char* name) const;
 
