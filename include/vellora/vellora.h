@@ -14,6 +14,7 @@
 #include <vellora/host/KORSettings.h>
 #include <vellora/host/Language.h>
 #include <vellora/host/NodeHandle.h>
+#include <vellora/host/PhotoFile.h>
 #include <vellora/host/PtrList.h>
 #include <vellora/model/DVDAlbumImage.h>
 #include <vellora/model/DVDImage.h>

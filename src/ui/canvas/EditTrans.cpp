@@ -22,7 +22,7 @@ bool isReturn(const QKeyEvent& event) {
 int emOf(const TextStyle& style) {
     constexpr int kSmallest = 6;
     constexpr int kLargest = 400;
-    const std::int64_t em = std::int64_t{style.effect.font_size} * 96 / 72;
+    const std::int64_t em = std::int64_t{style.size} * 96 / 72;
     return static_cast<int>(std::clamp<std::int64_t>(em, kSmallest, kLargest));
 }
 
@@ -48,8 +48,8 @@ CEditTrans::CEditTrans(QWidget* parent) : QPlainTextEdit(parent) {
 
 void CEditTrans::SetStyle(const TextStyle& style) {
     const int em = emOf(style);
-    QFont font = CPhotoTextEffect::LayoutFont(style.effect.GetFontName(), style.bold != 0,
-                                              style.italic != 0, style.underline != 0);
+    QFont font = CPhotoTextEffect::LayoutFont(style.GetFont(), style.bold != 0, style.italic != 0,
+                                              style.underline != 0);
     font.setPixelSize(em);
     setFont(font);
     const COLORREF face = faceColour(style.effect.face);
