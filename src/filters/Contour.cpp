@@ -161,7 +161,7 @@ cv::Mat1b ContourMap::edgePoints(int first, int last) const {
     const int width = m_brightness.cols;
     const Gradients gradients(m_brightness, std::max(first - 1, 0), std::min(last + 1, height),
                               m_smooth, m_slope);
-    cv::Mat1b points(last - first, (width + kLanes - 1) / kLanes * kLanes);
+    cv::Mat1b points(last - first, width);
     const cv::v_float32x4 threshold = cv::v_setall_f32(m_threshold);
     for (int y = first; y < last; ++y) {
         const EdgePoints edges(gradients, y);
@@ -171,10 +171,10 @@ cv::Mat1b ContourMap::edgePoints(int first, int last) const {
             const cv::v_int16x8 narrow = cv::v_pack(values, values);
             const cv::v_uint8x16 bytes = cv::v_pack_u(narrow, narrow);
             const std::uint32_t four = cv::v_reinterpret_as_u32(bytes).get0();
-            std::memcpy(row + x, &four, sizeof(four));
+            std::memcpy(row + x, &four, static_cast<std::size_t>(std::min(kLanes, width - x)));
         }
     }
-    return points.colRange(0, width);
+    return points;
 }
 
 cv::Mat1b ContourMap::ground(int first, int last) const {
