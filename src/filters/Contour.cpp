@@ -12,21 +12,19 @@
 namespace vellora {
 namespace {
 
-/// Of the 11 x 11 gradient kernels.
-constexpr int kRadius = 5;
+/// Of the 11 x 11 gradient kernels. Their neighbours and those of the thickened lines add two.
+constexpr int kRadius = ContourMap::kReach - 2;
 
 /// B + G + R of every pixel.
 cv::Mat1f summedChannels(const cv::Mat& picture) {
     cv::Mat1f sums(picture.size());
-    cv::parallel_for_(cv::Range(0, picture.rows), [&](const cv::Range& rows) {
-        for (int y = rows.start; y < rows.end; ++y) {
-            const uchar* pixel = picture.ptr(y);
-            float* sum = sums[y];
-            for (int x = 0; x < picture.cols; ++x, pixel += 3) {
-                sum[x] = static_cast<float>(pixel[0] + pixel[1] + pixel[2]);
-            }
+    for (int y = 0; y < picture.rows; ++y) {
+        const uchar* pixel = picture.ptr(y);
+        float* sum = sums[y];
+        for (int x = 0; x < picture.cols; ++x, pixel += 3) {
+            sum[x] = static_cast<float>(pixel[0] + pixel[1] + pixel[2]);
         }
-    });
+    }
     return sums;
 }
 
