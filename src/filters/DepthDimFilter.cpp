@@ -209,16 +209,23 @@ private:
 
     static void boxMeans(const Corners& corners, double share, uchar* values, int count) {
         const cv::v_float64x2 factor = cv::v_setall_f64(share);
-        int i = 0;
-        for (; i + 4 <= count; i += 4) {
-            const cv::v_int32x4 sum = cv::v_reinterpret_as_s32(
+        const auto storeFour = [&](int i) {
+            const cv::v_int32x4 sums = cv::v_reinterpret_as_s32(
                 cv::v_load(corners.upperLeft + i) - cv::v_load(corners.upperRight + i) -
                 cv::v_load(corners.lowerLeft + i) + cv::v_load(corners.lowerRight + i));
-            const cv::v_int32x4 low = cv::v_trunc(cv::v_cvt_f64(sum) * factor);
-            const cv::v_int32x4 high = cv::v_trunc(cv::v_cvt_f64_high(sum) * factor);
+            const cv::v_int32x4 low = cv::v_trunc(cv::v_cvt_f64(sums) * factor);
+            const cv::v_int32x4 high = cv::v_trunc(cv::v_cvt_f64_high(sums) * factor);
             const cv::v_int16x8 words = cv::v_pack(cv::v_combine_low(low, high), low);
             const std::uint32_t bytes = cv::v_reinterpret_as_u32(cv::v_pack_u(words, words)).get0();
             std::memcpy(values + i, &bytes, sizeof(bytes));
+        };
+        int i = 0;
+        for (; i + 4 <= count; i += 4) {
+            storeFour(i);
+        }
+        if (i < count && count >= 4) {
+            storeFour(count - 4);  // some values a second time
+            return;
         }
         for (; i < count; ++i) {
             const std::uint32_t sum = corners.upperLeft[i] - corners.upperRight[i] -
