@@ -14,6 +14,7 @@
 #include <vellora/host/PtrList.h>
 
 class QImage;
+class QObject;
 
 namespace vellora {
 
@@ -110,6 +111,41 @@ public:
     ///         there, or is what it was.
     STATUS SaveNodeToFile(const QString& path, int index, int width, int height, int quality,
                           int reserved, int mode, DWORD colour);
+
+    /// Writes the edits of all photos and the album's sprites to a project file.
+    ///
+    /// The photos' own data (path, order, rotation, flips) stays with the host. The old file is
+    /// replaced when the new one is complete. While another program holds the file this is tried
+    /// for about a second. One save at a time, on the host's user-interface thread.
+    /// @return `E_FAIL` when the file cannot be written; the old one is then as it was.
+    STATUS SaveToXMLFile(const QString& path);
+
+    /// Reads a project file into the photos that the list holds, matched by position.
+    ///
+    /// Sprites, filters and crops are appended to what the photos and the album have; photos that
+    /// got something are marked changed. Decoded pictures are not rebuilt: call this before the
+    /// photos are shown, or release their pictures. What the file lacks or what is unknown is left
+    /// out, and a file that is missing or no XML document changes nothing.
+    /// @return `S_OK`, whatever the file holds.
+    STATUS LoadFromXMLFile(const QString& path);
+
+    /// Opens the edit dialog on a photo and returns when the user has closed it.
+    ///
+    /// Every edit is made at once, in the host record and the edit record; there is no cancel. The
+    /// image-buffer lock is held as long as the dialog is open, so other threads wait in
+    /// `GetOutImg` and `ReleaseImgBuf`. Event handlers of the host that run on this thread meanwhile
+    /// may call both, and may add and remove photos: `GetOutImg` gives the photo that is being
+    /// edited as it is committed, and `ReleaseImgBuf` leaves its pictures alone. The host creates
+    /// the `QApplication` before.
+    ///
+    /// @param index        Of the photo; the user may go on to others.
+    /// @param hostWindow   Receives a `HostMessageEvent` after each flip and rotation, for each
+    ///                     photo that is left by going to another, and on the command "Close". When
+    ///                     it is a widget the dialog also stays above its window. May be null, and
+    ///                     may be destroyed meanwhile, which closes the dialog.
+    /// @param hostMessage  The message number that the events carry.
+    /// @return `E_FAIL` when no photo with its records stands at the index.
+    STATUS ShowProcessDialog(int index, QObject* hostWindow, unsigned hostMessage);
 
 private:
     QString m_imageFilePath;
