@@ -20,5 +20,9 @@ install(FILES "${PROJECT_BINARY_DIR}/VelloraConfig.cmake"
     "${PROJECT_BINARY_DIR}/VelloraConfigVersion.cmake"
     DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Vellora")
 
+# Relative, so that the installed files may be moved and staged.
+file(RELATIVE_PATH VELLORA_PC_TO_PREFIX
+    "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
+string(REGEX REPLACE "/$" "" VELLORA_PC_TO_PREFIX "${VELLORA_PC_TO_PREFIX}")
 configure_file("${CMAKE_CURRENT_LIST_DIR}/vellora.pc.in" "${PROJECT_BINARY_DIR}/vellora.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/vellora.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
