@@ -124,7 +124,7 @@ TEST_F(TextureTest, ComesFromTheTextureFolderOnly) {
          {QString(), QString("missing.png"), QString("."), QString(".."), QString("inner"),
           QString("inner/deep.png"), QString("inner\\deep.png"), QString("../outside.png"),
           QString("..\\outside.png"), path("texteffect/outside.png"), QString("C:a.png"),
-          QString("a.png\0../outside.png", 20)}) {
+          QString("a.png") + QChar(0) + "/../outside.png"}) {
         const QBrush made = brush(name);
         EXPECT_TRUE(made.style() == Qt::NoBrush ||
                     made.textureImage().pixelColor(0, 0) == QColor(Qt::red))
