@@ -58,7 +58,7 @@ int runProgram(int argc, char** argv) {
     program.set_version_flag("--version", "vellora " VELLORA_VERSION);
     program.require_subcommand(1);
     const std::vector<Command> commands{addRenderCommand(program), addFiltersCommand(program),
-                                        addInfoCommand(program)};
+                                        addInfoCommand(program), addEffectsCommand(program)};
     try {
         program.parse(argumentsOf(argc, argv));
         return runGiven(commands, argc, argv);
