@@ -234,7 +234,7 @@ void CPhotoEditShowWnd::DropCropFrame() {
 }
 
 void CPhotoEditShowWnd::Redraw() {
-    m_layers->invalidatePhoto();
+    m_layers->invalidateFilter();
     update();
 }
 
@@ -246,7 +246,8 @@ void CPhotoEditShowWnd::RedrawSprites() {
 void CPhotoEditShowWnd::PictureCommitted() {
     m_crop.clear();
     unsetCursor();
-    Redraw();
+    m_layers->invalidatePhoto();
+    update();
 }
 
 void CPhotoEditShowWnd::OnPhotoAboutToChange() {
@@ -262,12 +263,14 @@ void CPhotoEditShowWnd::OnPhotoChanged() {
     m_marker->hide();
     unsetCursor();
     expandTexts(m_session, m_slideIndex, m_slideCount);
-    Redraw();
+    m_layers->invalidatePhoto();
+    update();
 }
 
 void CPhotoEditShowWnd::OnEdited(PhotoEdit kind) {
     if (kind == PhotoEdit::Picture) {
-        Redraw();
+        m_layers->invalidatePhoto();
+        update();
         return;
     }
     if (!m_drag.isActive()) {
