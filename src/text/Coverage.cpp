@@ -10,7 +10,9 @@ namespace {
 
 constexpr int kBandRows = 32;
 /// How much finer than a pixel curves are followed.
-constexpr double kFineness = 4.0;
+constexpr double kFineness = 2.0;
+/// Steps shorter than this share of a pixel are joined to longer ones.
+constexpr double kShortestStep = 0.125;
 
 QRect touchedArea(const QPainterPath& path, const QTransform& toPixels, const QRect& visible) {
     const QRectF bounds = toPixels.mapRect(path.controlPointRect());
@@ -38,12 +40,16 @@ void OutlineCoverage::addContour(const QPolygonF& contour) {
     if (contour.isEmpty()) {
         return;
     }
-    QPointF from = contour.back() / kFineness;
+    const QPointF start = contour.front() / kFineness;
+    QPointF from = start;
     for (const QPointF& point : contour) {
         const QPointF to = point / kFineness;
-        addEdge(from, to);
-        from = to;
+        if ((to - from).manhattanLength() >= kShortestStep) {
+            addEdge(from, to);
+            from = to;
+        }
     }
+    addEdge(from, start);
 }
 
 /// Cuts an edge at the sides of the area. What lies left of it still turns the winding of all that

@@ -2,21 +2,30 @@
 
 #include <QPolygonF>
 #include <QTransform>
+#include <algorithm>
+#include <vector>
 
 namespace vellora {
 namespace {
 
-/// How much finer than a device pixel curves are followed.
-constexpr double kFineness = 4.0;
+/// How much finer than a device pixel curves are followed, and how short a step may be.
+constexpr double kFineness = 2.0;
+constexpr double kShortestStep = 0.25;
 constexpr double kFlatness = 0.25;
 
-QList<QPolygonF> polygonsOf(const QPainterPath& path, double scale) {
+/// The contours as polygons that need no closing line.
+std::vector<QPolygonF> polygonsOf(const QPainterPath& path, double scale) {
     const double fine = scale * kFineness;
-    QList<QPolygonF> polygons = path.toSubpathPolygons(QTransform::fromScale(fine, fine));
-    for (QPolygonF& polygon : polygons) {
-        for (QPointF& point : polygon) {
-            point /= fine;
+    std::vector<QPolygonF> polygons;
+    for (const QPolygonF& contour : path.toSubpathPolygons(QTransform::fromScale(fine, fine))) {
+        QPolygonF polygon;
+        for (const QPointF& point : contour) {
+            if (polygon.isEmpty() ||
+                (point / fine - polygon.back()).manhattanLength() * fine >= kShortestStep) {
+                polygon.append(point / fine);
+            }
         }
+        polygons.push_back(std::move(polygon));
     }
     return polygons;
 }
@@ -84,7 +93,7 @@ QPainterPath swept(const QPainterPath& path, QPointF way, double scale) {
     if (way.isNull()) {
         return path;
     }
-    const QList<QPolygonF> polygons = polygonsOf(path, scale);
+    const std::vector<QPolygonF> polygons = polygonsOf(path, scale);
     double area = 0.0;
     for (const QPolygonF& polygon : polygons) {
         area += signedArea(polygon);
