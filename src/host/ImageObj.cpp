@@ -1,4 +1,5 @@
 #include <memory>
+#include <vector>
 
 #include <vellora/host/ImageObj.h>
 #include <vellora/model/DVDAlbumImage.h>
@@ -8,6 +9,8 @@
 #include "host/Guard.h"
 #include "host/LanguageFile.h"
 #include "host/NodeList.h"
+#include "project/ProjectReader.h"
+#include "project/ProjectWriter.h"
 
 namespace vellora {
 namespace {
@@ -33,6 +36,18 @@ _HNODE* makeNode(_PHOTO_LIST_NODE* photo, CDVDAlbumImage* album) {
 void deleteData(_HNODE_DATA* data) {
     delete data->image;
     delete data;
+}
+
+/// The edit records in slideshow order, nodes without one left out.
+std::vector<CDVDImage*> editRecords(const NodeList& nodes) {
+    std::vector<CDVDImage*> records;
+    records.reserve(static_cast<std::size_t>(nodes.GetCount()));
+    for (POSITION position = nodes.GetHead(); position != nullptr; position = position->next) {
+        if (position->data->image != nullptr) {
+            records.push_back(position->data->image);
+        }
+    }
+    return records;
 }
 
 bool isUsable(const _HNODE* node) {
@@ -178,6 +193,18 @@ STATUS CImageObj::ApplyAlbumToNode(_HNODE* node) {
             sprite->SetAlbumFlag(false);
             node->data->image->AddSprite(sprite, true);
         }
+        return S_OK;
+    });
+}
+
+STATUS CImageObj::SaveToXMLFile(const QString& path) {
+    return guarded(
+        [&] { return saveProject(path, *m_album, editRecords(*m_nodes)) ? S_OK : E_FAIL; });
+}
+
+STATUS CImageObj::LoadFromXMLFile(const QString& path) {
+    return guarded([&] {
+        loadProject(path, m_baseFolder, *m_album, editRecords(*m_nodes));
         return S_OK;
     });
 }

@@ -2,20 +2,23 @@
 
 #include <vellora/model/DVDImageProps.h>
 
+#include "base/XmlText.h"
 #include "model/ClipPicture.h"
 #include "model/SelectionMarks.h"
+#include "xml/LORXMLNodeWrite.h"
+#include "xml/XMLParse.h"
 
 namespace vellora {
 
 CDVDImageProps::CDVDImageProps(CSpriteOwner* owner, const QString& file)
-    : CDVDImageSprite(owner, kPropsSprite), m_file(file) {}
+    : CDVDImageSprite(owner, kPropsSprite), m_file(xmlText(file)) {}
 
 CDVDImageProps::CDVDImageProps(const CDVDImageProps& other) = default;
 
 CDVDImageProps::~CDVDImageProps() = default;
 
 void CDVDImageProps::SetFile(const QString& file) {
-    m_file = file;
+    m_file = xmlText(file);
 }
 
 QSizeF CDVDImageProps::NaturalSize(const QString& file, QString* reason) {
@@ -44,11 +47,33 @@ int CDVDImageProps::Draw(QPainter& painter, QPoint offset, int mode) {
 }
 
 int CDVDImageProps::Load(const CXMLParse& reader, const QString& nodePath) {
-    return CDVDImageSprite::Load(reader, nodePath);
+    const XmlNode element = reader.Select(nodePath);
+    if (!element) {
+        return 0;
+    }
+    QPoint position = GetPosition();
+    element.GetIntAttribute("x0", position.rx());
+    element.GetIntAttribute("y0", position.ry());
+    SetPosition(position.x(), position.y());
+    QSize size = GetSize();
+    element.GetIntAttribute("cx", size.rwidth());
+    element.GetIntAttribute("cy", size.rheight());
+    SetSize(size.width(), size.height());
+    SetFile(element.Text());
+    return 1;
 }
 
 int CDVDImageProps::Save(int depth) const {
-    return CDVDImageSprite::Save(depth);
+    const QPoint position = GetPosition();
+    const QSize size = GetSize();
+    CLORXMLNodeWrite element(depth, u"props", true);
+    element.AddAttribute(u"x0", position.x());
+    element.AddAttribute(u"y0", position.y());
+    element.AddAttribute(u"cx", size.width());
+    element.AddAttribute(u"cy", size.height());
+    element.SetText(m_file);
+    element.Flush();
+    return 1;
 }
 
 bool CDVDImageProps::IsEqual(const CDVDImageProps& other) const {

@@ -32,6 +32,8 @@ int CSpriteHolder::AddSprite(CDVDImageSprite* sprite, bool copy) {
             return 0;
         }
         sprite = copied.get();
+    } else if (sprite->GetOwner() == this && m_sprites.IndexOf(sprite) >= 0) {
+        return 1;
     }
     m_sprites.Add(sprite);
     copied.release();

@@ -111,6 +111,23 @@ public:
     STATUS SaveNodeToFile(const QString& path, int index, int width, int height, int quality,
                           int reserved, int mode, DWORD colour);
 
+    /// Writes the edits of all photos and the album's sprites to a project file.
+    ///
+    /// The photos' own data (path, order, rotation, flips) stays with the host. The old file is
+    /// replaced when the new one is complete. While another program holds the file this is tried
+    /// for about a second. One save at a time, on the host's user-interface thread.
+    /// @return `E_FAIL` when the file cannot be written; the old one is then as it was.
+    STATUS SaveToXMLFile(const QString& path);
+
+    /// Reads a project file into the photos that the list holds, matched by position.
+    ///
+    /// Sprites, filters and crops are appended to what the photos and the album have; photos that
+    /// got something are marked changed. Decoded pictures are not rebuilt: call this before the
+    /// photos are shown, or release their pictures. What the file lacks or what is unknown is left
+    /// out, and a file that is missing or no XML document changes nothing.
+    /// @return `S_OK`, whatever the file holds.
+    STATUS LoadFromXMLFile(const QString& path);
+
 private:
     QString m_imageFilePath;
     QString m_baseFolder = QStringLiteral(".");

@@ -30,6 +30,7 @@ public:
     [[nodiscard]] virtual bool IsNotEqual(const CDVDImageProps& other) const;
 
     [[nodiscard]] const QString& GetFile() const { return m_file; }
+    /// Stores the path without the characters that no project file can hold.
     void SetFile(const QString& file);
 
     /// The size that the file gives itself, in pixels; empty when it cannot be loaded. `reason`,

@@ -62,8 +62,11 @@ public:
     /// @return 1, or 0 when there was nothing to draw.
     virtual int Draw(QPainter& painter, QPoint offset, int mode) = 0;
     /// Reads the sprite's own fields from its element in a project file.
+    /// @param nodePath  XPath of the element, from the reader's context.
+    /// @return 1, or 0 without such an element; the sprite is then as it was.
     virtual int Load(const CXMLParse& reader, const QString& nodePath);
     /// Writes the sprite's element at a nesting depth of the project file being written.
+    /// @return 1, or 0 for a sprite that has no form in files.
     virtual int Save(int depth) const;
 
     [[nodiscard]] std::int32_t GetKind() const { return m_kind; }

@@ -19,7 +19,8 @@ public:
 
     /// Appends a sprite on top of the others.
     ///
-    /// @param sprite  Without `copy` the record takes ownership.
+    /// @param sprite  Without `copy` the record takes ownership; one that it already holds stays
+    ///                where it is.
     /// @param copy    Append a copy of its kind instead; the caller keeps the sprite.
     /// @return 1, or 0 for null or a sprite of unknown kind, which is then still the caller's.
     int AddSprite(CDVDImageSprite* sprite, bool copy);
