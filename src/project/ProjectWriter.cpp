@@ -1,11 +1,11 @@
 #include "project/ProjectWriter.h"
 
+#include <vellora/base/HostText.h>
 #include <vellora/filters/PhotoProcessor.h>
 #include <vellora/model/DVDAlbumImage.h>
 #include <vellora/model/DVDImage.h>
 #include <vellora/model/DVDImageSprite.h>
 
-#include "base/HostText.h"
 #include "base/SafeFile.h"
 #include "base/XmlText.h"
 #include "project/FilterRecord.h"
