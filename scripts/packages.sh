@@ -11,7 +11,7 @@ packages="
     libjpeg62-turbo-dev libpugixml-dev libsimpleini-dev libcli11-dev
     libgtest-dev libbenchmark-dev
     fonts-dejavu-core fonts-liberation
-    imagemagick parallel xvfb
+    imagemagick parallel python3 xvfb
 "
 
 if [ "${1:-}" = "--list" ]; then

@@ -11,8 +11,13 @@
 #include <vellora/filters/RandomSeed.h>
 #include <vellora/host/HostMessage.h>
 #include <vellora/host/ImageObj.h>
+#include <vellora/host/KORSettings.h>
+#include <vellora/host/Language.h>
 #include <vellora/host/NodeHandle.h>
+#include <vellora/host/PhotoFile.h>
 #include <vellora/host/PtrList.h>
 #include <vellora/model/DVDAlbumImage.h>
 #include <vellora/model/DVDImage.h>
 #include <vellora/model/DVDImageProps.h>
+#include <vellora/project/ProjectCheck.h>
+#include <vellora/project/ProjectContents.h>

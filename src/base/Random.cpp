@@ -14,10 +14,7 @@ std::atomic<std::int64_t> g_fixedClock{kNoFixedClock};
 }  // namespace
 
 int Rand() {
-    // Relaxed load and store: a draw costs no more than with a plain variable.
-    const std::uint32_t next = g_state.load(std::memory_order_relaxed) * 214013U + 2531011U;
-    g_state.store(next, std::memory_order_relaxed);
-    return static_cast<int>((next >> 16U) & 0x7FFFU);
+    return RandomRun().next();
 }
 
 void Srand(std::uint32_t seed) {
@@ -38,13 +35,14 @@ void clearFixedClock() {
 }
 
 int randBelow(int extent) {
-    constexpr int kSteps = kRandMax + 1;
-    if (extent <= kSteps) {
-        return static_cast<int>((static_cast<std::int64_t>(Rand()) * extent) >> 15);
-    }
-    const std::int64_t high = Rand();
-    const std::int64_t wide = high * kSteps + Rand();
-    return static_cast<int>((wide * extent) >> 30);
+    return RandomRun().below(extent);
+}
+
+// Relaxed load and store: a draw costs no more than with a plain variable.
+RandomRun::RandomRun() : m_state(g_state.load(std::memory_order_relaxed)) {}
+
+RandomRun::~RandomRun() {
+    g_state.store(m_state, std::memory_order_relaxed);
 }
 
 }  // namespace vellora

@@ -23,4 +23,34 @@ void clearFixedClock();
 /// steps take two values, so that every position can be reached.
 int randBelow(int extent);
 
+/// Many draws in a row: goes on where the module's generator stands and hands its own place back
+/// when it ends. Meanwhile nothing else on the same thread may draw.
+class RandomRun {
+public:
+    RandomRun();
+    ~RandomRun();
+    RandomRun(const RandomRun&) = delete;
+    RandomRun& operator=(const RandomRun&) = delete;
+
+    /// As `Rand`.
+    int next() {
+        m_state = m_state * 214013U + 2531011U;
+        return static_cast<int>((m_state >> 16U) & 0x7FFFU);
+    }
+
+    /// As `randBelow`.
+    int below(int extent) {
+        constexpr int kSteps = kRandMax + 1;
+        if (extent <= kSteps) {
+            return static_cast<int>((static_cast<std::int64_t>(next()) * extent) >> 15);
+        }
+        const std::int64_t high = next();
+        const std::int64_t wide = high * kSteps + next();
+        return static_cast<int>((wide * extent) >> 30);
+    }
+
+private:
+    std::uint32_t m_state;
+};
+
 }  // namespace vellora

@@ -1,5 +1,7 @@
 #include "base/StageFit.h"
 
+#include <algorithm>
+#include <cmath>
 #include <cstdint>
 
 namespace vellora {
@@ -76,6 +78,23 @@ float previewFactor(Size photo) {
 
 Size previewSize(Size photo) {
     return reduced(photo, previewFactor(photo));
+}
+
+Size outputCanvas(Size picture) {
+    if (isEmpty(picture)) {
+        return {};
+    }
+    const Size fitted = fittedSize(picture, {kStageWidth, kStageHeight});
+    const auto quotient = [](int whole, int part) {
+        return static_cast<float>(whole) / static_cast<float>(std::max(part, 1));
+    };
+    const double scale =
+        std::max(quotient(picture.width, fitted.width), quotient(picture.height, fitted.height));
+    // A sliver of a photo would ask for a canvas beyond any coordinate.
+    const auto rounded = [](double length) {
+        return static_cast<int>(std::lround(std::min(length, double{1 << 24})));
+    };
+    return {rounded(scale * kStageWidth), rounded(scale * kStageHeight)};
 }
 
 }  // namespace vellora

@@ -35,4 +35,8 @@ float previewFactor(Size photo);
 /// The size of the reduced photo.
 Size previewSize(Size photo);
 
+/// The canvas on which a picture of this size is what the stage shows of the photo. Empty for an
+/// empty picture.
+Size outputCanvas(Size picture);
+
 }  // namespace vellora

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
-#include <new>
 #include <vector>
 
 #include "base/Random.h"
@@ -49,17 +48,35 @@ private:
     std::vector<uchar> m_copies;
 };
 
+/// The remainder of a generator's value by a fixed divisor, without a division.
+class Remainder {
+public:
+    explicit Remainder(std::uint32_t divisor)
+        : m_divisor(divisor), m_reciprocal((1ULL << 32U) / divisor + 1) {}
+
+    // Exact, because value and divisor stay below 2^16: larger divisors leave every value as it is.
+    [[nodiscard]] std::int64_t of(std::uint32_t value) const {
+        return m_divisor > kRandMax ? value : value - ((value * m_reciprocal) >> 32U) * m_divisor;
+    }
+
+private:
+    std::uint64_t m_divisor;
+    std::uint64_t m_reciprocal;
+};
+
 template <int Channels>
 void displace(cv::Mat& picture, std::int64_t range) {
-    const std::int64_t span = 2 * range + 1;
+    const Remainder span(static_cast<std::uint32_t>(std::abs(2 * range + 1)));
     const auto reach = std::min<std::int64_t>(std::abs(range), picture.rows - 1);
     OriginalRows original(picture, static_cast<int>(reach));
+    RandomRun random;
+    const auto move = [&] { return span.of(static_cast<std::uint32_t>(random.next())) - range; };
     for (int y = 0; y < picture.rows; ++y) {
         original.keep(y);
         uchar* pixel = picture.ptr(y);
         for (int x = 0; x < picture.cols; ++x, pixel += Channels) {
-            const std::int64_t fromX = x + Rand() % span - range;
-            const std::int64_t fromY = y + Rand() % span - range;
+            const std::int64_t fromX = x + move();
+            const std::int64_t fromY = y + move();
             const bool insideX = fromX >= 0 && fromX < picture.cols;
             const bool insideY = fromY >= 0 && fromY < picture.rows;
             const uchar* source = original.row(static_cast<int>(insideY ? fromY : y)) +
@@ -71,8 +88,9 @@ void displace(cv::Mat& picture, std::int64_t range) {
 
 /// Draws what `displace` would: a picture of another kind stays as it is, the sequence does not.
 void drawOnly(const cv::Mat& picture) {
+    RandomRun random;
     for (std::size_t i = 0; i < 2 * picture.total(); ++i) {
-        Rand();
+        random.next();
     }
 }
 
@@ -85,7 +103,7 @@ bool CCanvasFilter::Apply(IplImage** image) {
     if (picture.empty() || picture.depth() != CV_8U) {
         return false;
     }
-    try {
+    return runsInMemory([&] {
         if (picture.channels() == 3) {
             displace<3>(picture, factor(0));
         } else if (picture.channels() == 1) {
@@ -93,10 +111,7 @@ bool CCanvasFilter::Apply(IplImage** image) {
         } else {
             drawOnly(picture);
         }
-    } catch (const std::bad_alloc&) {
-        return false;
-    }
-    return true;
+    });
 }
 
 const char16_t* CCanvasFilter::GetName() const {

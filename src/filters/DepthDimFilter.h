@@ -5,7 +5,9 @@
 
 namespace vellora {
 
-/// "Depth Dim".
+/// "Depth Dim": a shallow depth of field. Every pixel becomes the mean of a box that grows with the
+/// distance from the focus, which is the middle of the region or, without one, of the picture. Can
+/// be stopped on its way.
 class CDepthDimFilter final : public COpencvFilterInterface {
 public:
     CDepthDimFilter();

@@ -1,5 +1,13 @@
 #include "filters/EdgeFilter.h"
 
+#include <algorithm>
+#include <vector>
+
+#include <opencv2/imgproc.hpp>
+
+#include "filters/Contour.h"
+#include "filters/ImagePreflight.h"
+
 namespace vellora {
 namespace {
 
@@ -10,12 +18,61 @@ constexpr FilterParamDescs kParams{{
     {400, 0, 400, label::kSaturation},
 }};
 
+/// What each byte of hue, saturation and value becomes.
+cv::Mat outlineColours(float saturation) {
+    cv::Mat1b bytes(1, 256);
+    for (int i = 0; i < bytes.cols; ++i) {
+        bytes(0, i) = static_cast<uchar>(i);
+    }
+    cv::Mat1b planes[3] = {bytes, {}, {}};
+    bytes.convertTo(planes[1], CV_8U, saturation);
+    bytes.convertTo(planes[2], CV_8U, 0.8);
+    cv::Mat table;
+    cv::merge(planes, 3, table);
+    return table;
+}
+
+/// Shows the photo where the map is high and the outline colours where it is low.
+void drawOutlines(cv::Mat& rows, const cv::Mat1b& ground, const cv::Mat& colours) {
+    cv::Mat outline;
+    cv::cvtColor(rows, outline, cv::COLOR_BGR2HSV);
+    cv::LUT(outline, colours, outline);
+    cv::cvtColor(outline, outline, cv::COLOR_HSV2BGR);
+    cv::Mat share;
+    cv::merge(std::vector<cv::Mat>(3, ground), share);
+    cv::multiply(rows, share, rows, 1.0 / 255);
+    cv::bitwise_not(share, share);
+    cv::multiply(outline, share, outline, 1.0 / 255);
+    cv::add(outline, rows, rows);
+}
+
+void drawContour(cv::Mat& picture, double sigma, int threshold, float saturation) {
+    const ContourMap contour(picture, sigma, threshold);
+    const cv::Mat colours = outlineColours(saturation);
+    constexpr int kBandRows = 64;
+    const int bands = (picture.rows + kBandRows - 1) / kBandRows;
+    cv::parallel_for_(cv::Range(0, bands), [&](const cv::Range& range) {
+        for (int band = range.start; band < range.end; ++band) {
+            const int first = band * kBandRows;
+            const int last = std::min(first + kBandRows, picture.rows);
+            cv::Mat rows = picture.rowRange(first, last);
+            drawOutlines(rows, contour.ground(first, last), colours);
+        }
+    });
+}
+
 }  // namespace
 
 CEdgeFilter::CEdgeFilter() : FactorFilter(kParams, FilterCategory::ArtEffect, {30, 300, 40}) {}
 
-bool CEdgeFilter::Apply(IplImage** /*image*/) {
-    return false;
+bool CEdgeFilter::Apply(IplImage** image) {
+    cv::Mat picture = bgrView(image);
+    if (!picture.empty()) {
+        const float sigma = static_cast<float>(factor(0)) / 10.0F;
+        const float saturation = static_cast<float>(factor(2)) / 100.0F;
+        runsInMemory([&] { drawContour(picture, sigma, factor(1), saturation); });
+    }
+    return true;
 }
 
 const char16_t* CEdgeFilter::GetName() const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <new>
+
 #include <opencv2/core.hpp>
 #include <opencv2/core/core_c.h>
 
@@ -15,6 +17,22 @@ inline cv::Mat matView(IplImage** image) {
 inline cv::Mat bgrView(IplImage** image) {
     cv::Mat view = matView(image);
     return view.type() == CV_8UC3 ? view : cv::Mat();
+}
+
+/// Runs the work of a filter and tells whether there was enough memory for it.
+template <class Work>
+bool runsInMemory(Work work) {
+    try {
+        work();
+    } catch (const std::bad_alloc&) {
+        return false;
+    } catch (const cv::Exception& error) {
+        if (error.code != cv::Error::StsNoMem) {
+            throw;
+        }
+        return false;
+    }
+    return true;
 }
 
 }  // namespace vellora

@@ -4,7 +4,8 @@
 
 namespace vellora {
 
-/// "Oil Paint".
+/// "Oil Paint": random slanted strokes up to a third of `Stroke Size` long, each in the colour of
+/// the photo under its centre. Where strokes overlap, their mean is shown.
 class COilPaintFilter final : public FactorFilter<COilPaintFilter, 1> {
 public:
     COilPaintFilter();

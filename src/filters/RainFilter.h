@@ -4,7 +4,8 @@
 
 namespace vellora {
 
-/// "Rain".
+/// "Rain": light streaks that fall from the upper right, at random places. A streak is twice a
+/// random length between `Minimum length` and `Maximum length` pixels long.
 class CRainFilter final : public FactorFilter<CRainFilter, 3> {
 public:
     CRainFilter();

@@ -4,7 +4,9 @@
 
 namespace vellora {
 
-/// "Snow".
+/// "Snow": soft white flakes of three classes, as many of each as its factor says. Their size grows
+/// with the picture: 25 pixels in radius where the smaller side has 767. Seeds the generator from
+/// the clock.
 class CSnowFilter final : public FactorFilter<CSnowFilter, 3> {
 public:
     CSnowFilter();

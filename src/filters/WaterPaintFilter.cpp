@@ -1,5 +1,12 @@
 #include "filters/WaterPaintFilter.h"
 
+#include <algorithm>
+
+#include "base/ImageView.h"
+#include "filters/Dabs.h"
+#include "filters/ImagePreflight.h"
+#include "filters/Watercolour.h"
+
 namespace vellora {
 namespace {
 
@@ -14,8 +21,17 @@ constexpr FilterParamDescs kParams{{
 
 CWaterPaintFilter::CWaterPaintFilter() : FactorFilter(kParams, FilterCategory::ArtEffect, {65}) {}
 
-bool CWaterPaintFilter::Apply(IplImage** /*image*/) {
-    return false;
+bool CWaterPaintFilter::Apply(IplImage** image) {
+    cv::Mat target = bgrView(image);
+    if (target.empty()) {
+        return false;
+    }
+    const ImagePtr copy = copyImage(target);
+    if (copy == nullptr) {
+        return false;
+    }
+    paintWatercolour(cv::cvarrToMat(copy.get()), target, static_cast<float>(factor(0)) / 100.0F);
+    return true;
 }
 
 const char16_t* CWaterPaintFilter::GetName() const {

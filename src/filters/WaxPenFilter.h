@@ -4,7 +4,9 @@
 
 namespace vellora {
 
-/// "Wax Paint".
+/// "Wax Paint": random crayon strokes, half of `Stroke Size` long, each in the colour of the photo
+/// under its centre; what was painted first stays on top. A softer pen leaves gaps. Seeds the
+/// generator from the clock and can be stopped on its way.
 class CWaxPenFilter final : public FactorFilter<CWaxPenFilter, 2> {
 public:
     CWaxPenFilter();

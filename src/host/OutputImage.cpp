@@ -2,7 +2,6 @@
 
 #include <QImage>
 #include <algorithm>
-#include <cmath>
 #include <mutex>
 
 #include <opencv2/core/core_c.h>
@@ -15,6 +14,7 @@
 #include "base/ImageView.h"
 #include "base/ModuleState.h"
 #include "base/StageFit.h"
+#include "host/EditedPhoto.h"
 #include "host/Guard.h"
 #include "host/NodeList.h"
 
@@ -22,22 +22,6 @@ namespace vellora {
 namespace {
 
 constexpr int kExactFit = 100;
-constexpr Size kStage{kStageWidth, kStageHeight};
-
-/// The canvas on which a picture of this size is what the stage shows of the photo.
-Size canvasFor(Size picture) {
-    const Size fitted = fittedSize(picture, kStage);
-    const auto quotient = [](int whole, int part) {
-        return static_cast<float>(whole) / static_cast<float>(std::max(part, 1));
-    };
-    const double scale =
-        std::max(quotient(picture.width, fitted.width), quotient(picture.height, fitted.height));
-    // A sliver of a photo would ask for a canvas beyond any coordinate.
-    const auto rounded = [](double length) {
-        return static_cast<int>(std::lround(std::min(length, double{1 << 24})));
-    };
-    return {rounded(scale * kStageWidth), rounded(scale * kStageHeight)};
-}
 
 /// The finished picture at the size of the processed photo; null when there is none.
 QImage composeOutput(CDVDImage& image, bool scaled) {
@@ -47,7 +31,7 @@ QImage composeOutput(CDVDImage& image, bool scaled) {
     if (picture.width == 0) {
         return {};
     }
-    const Size canvas = canvasFor(picture);
+    const Size canvas = outputCanvas(picture);
     image.SetCanvasSize(canvas.width, canvas.height);
     image.SetRegion((canvas.width - picture.width) / 2, (canvas.height - picture.height) / 2);
     QImage surface = image.Compose(picture.width, picture.height, kFitInside);
@@ -77,6 +61,7 @@ IplImage* GetOutImg(_HNODE* node, int width, int height, const ImageCallback& ca
         QImage picture;
         {
             const std::lock_guard lock(imageBufferLock());
+            const EditedPhotoPause pause(*node->data->image);
             picture = composeOutput(*node->data->image, width != 0 && height != 0);
         }
         if (picture.isNull()) {
@@ -102,6 +87,7 @@ STATUS CImageObj::SaveNodeToFile(const QString& path, int index, int width, int 
         _PHOTO_LIST_NODE& photo = *position->data->photo;
         CDVDImage& image = *position->data->image;
         CPhotoProcessor& processor = *image.GetProcessor();
+        const EditedPhotoPause pause(image);
         processor.Rebuild(false);
         const Size picture{processor.GetWidth(), processor.GetHeight()};
         Size canvas{width, height};

@@ -5,6 +5,7 @@
 #include <list>
 #include <mutex>
 
+#include "metafile/MetafilePicture.h"
 #include "model/ClipDecoders.h"
 
 namespace vellora {
@@ -72,6 +73,9 @@ std::shared_ptr<const ClipPicture> decode(const QString& path, const QFileInfo& 
     }
     if (hasSuffix(file, "svg") || hasSuffix(file, "svgz")) {
         return decodeSvgClip(path, reason);
+    }
+    if (MetafilePicture::isMetafile(path)) {
+        return decodeMetafileClip(path, reason);
     }
     return decodeRasterClip(path, reason);
 }

@@ -4,7 +4,8 @@
 #include <vellora/filters/PhotoProcessor.h>
 #include <vellora/model/DVDAlbumImage.h>
 #include <vellora/model/DVDImage.h>
-#include <vellora/model/DVDImageSprite.h>
+#include <vellora/model/DVDImageText.h>
+#include <vellora/text/TextMacro.h>
 
 #include "base/ImageView.h"
 #include "base/JpegEncoder.h"
@@ -22,6 +23,15 @@ namespace {
 
 QColor opaque(COLORREF colour) {
     return {redOf(colour), greenOf(colour), blueOf(colour)};
+}
+
+/// A composed picture knows nothing of the slideshow: slide number and count stay at their start.
+void expandMacros(const CDVDImage& record, CDVDImageText& text) {
+    CTextMacro macro;
+    macro.Bind(&record);
+    QString expanded;
+    macro.Expand(text.GetText(), expanded);
+    text.SetDisplayText(expanded);
 }
 
 }  // namespace
@@ -114,6 +124,9 @@ void CDVDImage::DrawSprite(QPainter& painter, CDVDImageSprite& sprite) {
         const float scaleY = static_cast<float>(m_canvasHeight) / kStageHeight;
         offset = {-static_cast<int>(static_cast<double>(m_regionX) / scaleX),
                   -static_cast<int>(static_cast<double>(m_regionY) / scaleY)};
+    }
+    if (auto* text = dynamic_cast<CDVDImageText*>(&sprite)) {
+        expandMacros(*this, *text);
     }
     sprite.Draw(painter, offset, kDrawPlain);
 }

@@ -1,8 +1,10 @@
 #include "project/FilterRecord.h"
 
 #include <QString>
+#include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <limits>
 
 #include <vellora/filters/FilterCatalogue.h>

@@ -1,5 +1,7 @@
 #include "project/ProjectReader.h"
 
+#include <limits>
+#include <map>
 #include <memory>
 
 #include <vellora/filters/PhotoProcessor.h>
@@ -7,6 +9,7 @@
 #include <vellora/model/DVDImage.h>
 #include <vellora/model/DVDImageProps.h>
 #include <vellora/model/DVDImageText.h>
+#include <vellora/project/ProjectContents.h>
 
 #include "project/FilterRecord.h"
 #include "xml/XMLParse.h"
@@ -21,14 +24,14 @@ struct NewSprite {
 };
 
 NewSprite makeSprite(const QString& type, const QString& baseFolder) {
-    for (const QString& element : {QStringLiteral("text"), QStringLiteral("props")}) {
-        if (type.compare(element, Qt::CaseInsensitive) != 0) {
-            continue;
-        }
-        if (element == u"text") {
-            return {std::make_unique<CDVDImageText>(nullptr, baseFolder), element};
-        }
-        return {std::make_unique<CDVDImageProps>(nullptr), element};
+    const auto is = [&type](QLatin1StringView name) {
+        return type.compare(name, Qt::CaseInsensitive) == 0;
+    };
+    if (is(QLatin1StringView("text"))) {
+        return {std::make_unique<CDVDImageText>(nullptr, baseFolder), QStringLiteral("text")};
+    }
+    if (is(QLatin1StringView("props"))) {
+        return {std::make_unique<CDVDImageProps>(nullptr), QStringLiteral("props")};
     }
     return {};
 }
@@ -39,30 +42,35 @@ std::int32_t countIn(const XmlNode& node, const char* name) {
     return count;
 }
 
+/// The project's element: the outermost one, or wherever a foreign file has put it.
+std::vector<XmlNode> projectRoots(const CXMLParse& reader) {
+    if (const XmlNode outermost = reader.Select(QStringLiteral("ZEV_Photo_Info"))) {
+        return {outermost};
+    }
+    return reader.SelectAll(QStringLiteral("//ZEV_Photo_Info"));
+}
+
 class Loader {
 public:
     Loader(CXMLParse& reader, const QString& baseFolder)
-        : m_reader(reader), m_baseFolder(baseFolder) {}
+        : m_reader(reader), m_baseFolder(baseFolder), m_roots(projectRoots(reader)) {}
 
     void loadAlbum(CDVDAlbumImage& album) {
-        const XmlNode node = m_reader.Select(QStringLiteral("//ZEV_Photo_Info/Album_Data"));
-        const std::vector<XmlNode> sprites =
-            m_reader.SelectAll(QStringLiteral("//ZEV_Photo_Info/Album_Data/Sprite_Data"));
-        for (const auto& [id, sprite] : numberedNodes(sprites, countIn(node, "sprite_count"))) {
+        const std::vector<XmlNode> albums = childrenNamed("Album_Data");
+        if (albums.empty()) {
+            return;
+        }
+        const std::int32_t count = countIn(albums.front(), "sprite_count");
+        for (const auto& [id, sprite] : numberedChildren(albums, "Sprite_Data", count)) {
             loadSprite(sprite, album, true);
         }
     }
 
-    void loadPhotos(const std::vector<CDVDImage*>& photos) {
-        const auto records =
-            groupedById(m_reader.SelectAll(QStringLiteral("//ZEV_Photo_Info/Image_Data")),
-                        static_cast<std::int32_t>(photos.size()));
-        for (const auto& [id, nodes] : records) {
-            loadPhoto(nodes, *photos[static_cast<std::size_t>(id)]);
-        }
+    /// The elements of all photos by their id.
+    [[nodiscard]] std::map<std::int32_t, std::vector<XmlNode>> photos(std::int32_t count) const {
+        return groupedById(childrenNamed("Image_Data"), count);
     }
 
-private:
     /// @param nodes  The photo's elements: one, unless a file numbers several alike.
     void loadPhoto(const std::vector<XmlNode>& nodes, CDVDImage& photo) {
         const XmlNode& first = nodes.front();
@@ -91,6 +99,7 @@ private:
         }
     }
 
+private:
     bool loadSprite(const XmlNode& node, CSpriteHolder& holder, bool isAlbum) {
         auto [sprite, element] = makeSprite(node.Attribute("type"), m_baseFolder);
         if (sprite == nullptr) {
@@ -105,8 +114,19 @@ private:
         return true;
     }
 
+    [[nodiscard]] std::vector<XmlNode> childrenNamed(const char* name) const {
+        std::vector<XmlNode> children;
+        for (const XmlNode& root : m_roots) {
+            for (XmlNode child = root.Child(name); child; child = child.NextSibling(name)) {
+                children.push_back(child);
+            }
+        }
+        return children;
+    }
+
     CXMLParse& m_reader;
     QString m_baseFolder;
+    std::vector<XmlNode> m_roots;
 };
 
 }  // namespace
@@ -119,7 +139,32 @@ void loadProject(const QString& path, const QString& baseFolder, CDVDAlbumImage&
     }
     Loader loader(reader, baseFolder);
     loader.loadAlbum(album);
-    loader.loadPhotos(photos);
+    for (const auto& [id, nodes] : loader.photos(static_cast<std::int32_t>(photos.size()))) {
+        loader.loadPhoto(nodes, *photos[static_cast<std::size_t>(id)]);
+    }
+}
+
+bool ReadProject(const QString& path, const QString& baseFolder, ProjectContents* contents,
+                 QString* reason) {
+    CXMLParse reader;
+    if (reader.Open(path) == 0) {
+        if (reason != nullptr) {
+            *reason = reader.Error().Text();
+        }
+        return false;
+    }
+    Loader loader(reader, baseFolder);
+    contents->album = std::make_unique<CDVDAlbumImage>();
+    loader.loadAlbum(*contents->album);
+    contents->photos.clear();
+    for (const auto& [id, nodes] : loader.photos(std::numeric_limits<std::int32_t>::max())) {
+        ProjectPhoto photo{id, nodes.front().Child("File_Name").Text(), 0,
+                           std::make_unique<CDVDImage>()};
+        nodes.front().GetIntAttribute("angle", photo.angle);
+        loader.loadPhoto(nodes, *photo.edits);
+        contents->photos.push_back(std::move(photo));
+    }
+    return true;
 }
 
 }  // namespace vellora

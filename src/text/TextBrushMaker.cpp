@@ -1,15 +1,14 @@
 #include "text/TextBrushMaker.h"
 
-#include <QDir>
-#include <QImageReader>
 #include <QLinearGradient>
 #include <cmath>
 #include <numbers>
 
+#include "text/TextureCache.h"
+
 namespace vellora {
 namespace {
 
-constexpr int kMaxTextureSide = 4096;
 constexpr int kPositionModulus = 90;
 constexpr double kTransition = 0.05;
 
@@ -47,33 +46,13 @@ QBrush gradientBrush(const QRectF& rect, TextBrushSettings& settings) {
     return gradient;
 }
 
-QBrush textureBrush(const QString& path) {
-    if (path.isEmpty()) {
-        return {};
-    }
-    QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
-    const QSize size = reader.size();
-    if (!size.isValid() || size.width() > kMaxTextureSide || size.height() > kMaxTextureSide) {
-        return {};
-    }
-    const QImage texture = reader.read();
-    return texture.isNull() ? QBrush() : QBrush(texture);
-}
-
 }  // namespace
 
-QString texturePath(const QString& textureFolder, const QString& name) {
-    const bool isPlainName = !name.isEmpty() && name != u"." && name != u".." &&
-                             !name.contains(u'/') && !name.contains(u'\\') && !name.contains(u':');
-    return isPlainName && !textureFolder.isEmpty() ? QDir(textureFolder).filePath(name) : QString();
-}
-
-QBrush MakeTextBrush(const QRectF& rect, TextBrushSettings& settings,
-                     const QString& textureFolder) {
+QBrush MakeTextBrush(const QRectF& rect, TextBrushSettings& settings, const QString& textureFolder,
+                     double detail) {
     switch (settings.type) {
         case kTextureBrush:
-            return textureBrush(texturePath(textureFolder, settings.GetTextureName()));
+            return textureBrush(texturePath(textureFolder, settings.GetTextureName()), detail);
         case kGradientBrush:
             return gradientBrush(rect, settings);
         default:

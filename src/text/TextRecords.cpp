@@ -52,4 +52,14 @@ TextEffectRecord TextStyle::MakeEffect() const {
     return result;
 }
 
+void TextStyle::TakeEffect(const TextEffectRecord& chosen) {
+    effect = chosen;
+    SetFont(chosen.GetFontName());
+    size = chosen.font_size;
+    bold = chosen.bold;
+    italic = chosen.italic;
+    underline = chosen.underline;
+    shadow = chosen.shadow;
+}
+
 }  // namespace vellora

@@ -18,17 +18,26 @@ EditSession::EditSession(QObject* parent) : QObject(parent) {}
 EditSession::~EditSession() = default;
 
 void EditSession::setPhoto(CDVDImage* record, CDVDAlbumImage* album) {
+    if (m_record != nullptr) {
+        Q_EMIT photoAboutToChange();
+    }
     m_record = record;
+    m_recordLife = record != nullptr ? record->GetLife() : std::weak_ptr<const void>();
     m_album = album;
     Q_EMIT photoChanged();
 }
 
+void EditSession::forgetPhoto() {
+    m_record = nullptr;
+    setPhoto(nullptr, nullptr);
+}
+
 _PHOTO_LIST_NODE* EditSession::node() const {
-    return m_record != nullptr ? m_record->GetNode() : nullptr;
+    return record() != nullptr ? m_record->GetNode() : nullptr;
 }
 
 bool EditSession::hasPicture() const {
-    return m_record != nullptr && m_record->GetProcessor()->GetWorking() != nullptr;
+    return record() != nullptr && m_record->GetProcessor()->GetWorking() != nullptr;
 }
 
 Rect EditSession::placedPhoto() const {
@@ -41,7 +50,7 @@ Rect EditSession::placedPhoto() const {
 }
 
 void EditSession::perform(PhotoEdit kind, const std::function<void()>& change) {
-    if (m_record == nullptr) {
+    if (record() == nullptr) {
         return;
     }
     change();
@@ -56,7 +65,7 @@ bool EditSession::holds(const CDVDImageSprite* sprite) const {
 }
 
 CDVDImageSpriteArray* EditSession::listOf(const CDVDImageSprite* sprite) const {
-    if (m_record != nullptr && m_record->GetSprites().IndexOf(sprite) >= 0) {
+    if (record() != nullptr && m_record->GetSprites().IndexOf(sprite) >= 0) {
         return &m_record->GetSprites();
     }
     if (m_album != nullptr && m_album->GetSprites().IndexOf(sprite) >= 0) {
@@ -85,17 +94,24 @@ void EditSession::removeSprite(CDVDImageSprite* sprite) {
     });
 }
 
+void EditSession::deleteSprite(CDVDImageSprite* sprite) {
+    if (isOpen() && holds(sprite)) {
+        removeSprite(sprite);
+        Q_EMIT albumChanged();
+    }
+}
+
 void EditSession::moveSprite(CDVDImageSprite* sprite, QPoint position) {
     if (holds(sprite) && sprite->GetPosition() != position) {
         perform(PhotoEdit::Sprites, [&] { sprite->SetPosition(position.x(), position.y()); });
     }
 }
 
-void EditSession::placeSprite(CDVDImageSprite* sprite, const Rect& rect) {
-    if (holds(sprite) && sprite->GetRect() != rect) {
+void EditSession::placeSprite(CDVDImageSprite* sprite, QPoint position, QSize size) {
+    if (holds(sprite) && (sprite->GetPosition() != position || sprite->GetSize() != size)) {
         perform(PhotoEdit::Sprites, [&] {
-            sprite->SetPosition(rect.left, rect.top);
-            sprite->SetSize(rect.width(), rect.height());
+            sprite->SetPosition(position.x(), position.y());
+            sprite->SetSize(size.width(), size.height());
         });
     }
 }
@@ -151,7 +167,7 @@ void EditSession::setText(CDVDImageText* sprite, const QString& text) {
 }
 
 void EditSession::setTextStyle(CDVDImageText* sprite, const TextStyle& style) {
-    if (holds(sprite)) {
+    if (holds(sprite) && sprite->GetStyle() != style) {
         perform(PhotoEdit::Sprites, [&] { sprite->SetStyle(style); });
     }
 }

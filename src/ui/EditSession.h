@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QPoint>
+#include <QSize>
 #include <QString>
 #include <functional>
 #include <memory>
@@ -42,12 +43,14 @@ public:
 
     /// Opens a photo, or closes the present one with null.
     void setPhoto(CDVDImage* record, CDVDAlbumImage* album);
-    [[nodiscard]] CDVDImage* record() const { return m_record; }
+    /// Closes the present photo without a last edit, because its records may be gone.
+    void forgetPhoto();
+    [[nodiscard]] CDVDImage* record() const { return m_recordLife.expired() ? nullptr : m_record; }
     [[nodiscard]] CDVDAlbumImage* album() const { return m_album; }
     /// The host record of the open photo, or null.
     [[nodiscard]] _PHOTO_LIST_NODE* node() const;
     /// Whether there are both a record and an album.
-    [[nodiscard]] bool isOpen() const { return m_record != nullptr && m_album != nullptr; }
+    [[nodiscard]] bool isOpen() const { return record() != nullptr && m_album != nullptr; }
     /// Whether the photo has a picture.
     [[nodiscard]] bool hasPicture() const;
     /// Where the photo lies on the stage; empty without a picture.
@@ -66,8 +69,10 @@ public:
     CDVDImageSprite* addSprite(std::unique_ptr<CDVDImageSprite> sprite);
     /// Takes a sprite off the photo, or out of the album, and deletes it.
     void removeSprite(CDVDImageSprite* sprite);
+    /// The same as a command of the user, after which every photo counts as changed.
+    void deleteSprite(CDVDImageSprite* sprite);
     void moveSprite(CDVDImageSprite* sprite, QPoint position);
-    void placeSprite(CDVDImageSprite* sprite, const Rect& rect);
+    void placeSprite(CDVDImageSprite* sprite, QPoint position, QSize size);
     void reorderSprite(CDVDImageSprite* sprite, SpriteOrder order);
     /// Moves a sprite, or with null all of the photo's own, into the album.
     void applyToAll(CDVDImageSprite* sprite);
@@ -87,6 +92,8 @@ public:
     void restoreOriginal();
 
 Q_SIGNALS:
+    /// The open photo is about to be left; it can still be edited.
+    void photoAboutToChange();
     /// Another photo was opened, or the present one closed.
     void photoChanged();
     /// The open photo was edited.
@@ -96,6 +103,7 @@ Q_SIGNALS:
 
 private:
     CDVDImage* m_record = nullptr;
+    std::weak_ptr<const void> m_recordLife;  ///< Ends when the host deletes the photo's node.
     CDVDAlbumImage* m_album = nullptr;
 };
 

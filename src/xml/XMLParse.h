@@ -8,6 +8,7 @@
 #include <pugixml.hpp>
 
 #include "xml/XmlNode.h"
+#include "xml/XmlPlaces.h"
 
 namespace vellora {
 
@@ -17,16 +18,16 @@ struct XmlError {
     int line = 0;
     int column = 0;
     QString message;
+
+    /// "line 3, column 7: message", or the message alone.
+    [[nodiscard]] QString Text() const;
 };
 
-/// A place in a document; line and column, in characters, count from 1.
-struct XmlPlace {
-    int line;
-    int column;
-};
+/// The bytes of an XML file, or why there are none.
+bool readXmlFile(const QString& path, QByteArray& bytes, XmlError& error);
 
-/// The place of an offset in a UTF-8 document.
-XmlPlace xmlPlace(const QByteArray& document, std::ptrdiff_t offset);
+/// A document in UTF-8 without a byte order mark, as the parser sees it and counts in it.
+QByteArray asUtf8(const QByteArray& document);
 
 /// Reads an XML file and answers questions by XPath.
 ///
@@ -78,7 +79,7 @@ private:
     /// Parses the bytes in place; the document refers to them from then on.
     pugi::xml_parse_result Parse(QByteArray bytes);
     int Refuse(XmlError error);
-    int RefuseWhenDeep();
+    int RefuseWhenOdd();
 
     QString m_path;
     QByteArray m_bytes;

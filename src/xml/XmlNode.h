@@ -38,12 +38,21 @@ public:
     int GetColorAttribute(const char* name, COLORREF& out) const;
     /// @}
 
+    /// Whether the attribute has this text, without regard to the case of Latin letters.
+    [[nodiscard]] bool AttributeIs(const char* name, const char* text) const;
+
     /// The attribute's text, empty when there is none.
     [[nodiscard]] QString Attribute(const char* name) const;
 
     /// The number in the attribute "id", or -1 when that is not a plain decimal number, written
     /// without sign or leading zeros.
     [[nodiscard]] std::int32_t Id() const;
+
+    [[nodiscard]] QString Name() const;
+    /// The first child element, whatever its name.
+    [[nodiscard]] XmlNode FirstElement() const;
+    /// The next element under the same parent, whatever its name.
+    [[nodiscard]] XmlNode NextElement() const;
 
     /// The first child element of that name.
     [[nodiscard]] XmlNode Child(const char* name) const;
@@ -64,9 +73,11 @@ public:
 private:
     friend class CXMLParse;
 
+    [[nodiscard]] pugi::xml_attribute attribute(const char* name) const;
     [[nodiscard]] int resultOf(const pugi::xml_attribute& attribute) const;
 
     pugi::xml_node m_node;
+    mutable pugi::xml_attribute m_hint;  // behind the one found last, where the next one may be
 };
 
 /// An element with the number of its "id" attribute.

@@ -2,7 +2,6 @@
 
 #include <QFileInfo>
 #include <QGuiApplication>
-#include <algorithm>
 #include <cstdio>
 
 #include <vellora/vellora.h>
@@ -19,8 +18,7 @@ int main(int argc, char** argv) {
 
     // The host owns the record of each photo and keeps it alive as long as its node.
     _PHOTO_LIST_NODE photo{};
-    const QString path = QFile::decodeName(argv[1]);
-    std::copy_n(path.utf16(), std::min<qsizetype>(path.size(), std::size(photo.path)), photo.path);
+    setHostText(photo.path, QFile::decodeName(argv[1]));
     photo.rotation = 90;  // clockwise
 
     CImageObj show;

@@ -5,6 +5,7 @@
 
 #include <QPoint>
 #include <QString>
+#include <memory>
 
 #include <vellora/model/DVDImageSprite.h>
 #include <vellora/text/TextStyle.h>
@@ -25,7 +26,7 @@ public:
     ~CDVDImageText() override;
 
     [[nodiscard]] QPoint GetHandlePoint(QPoint offset, int index) const override;
-    /// The measured size in design units; 100 x 40 until there is a text.
+    /// The measured size in design units; 100 x 40 while there is no text.
     [[nodiscard]] QSize GetSize() const override;
     /// Draws the text through its effect. What lies left of or above the sprite's position, or
     /// beyond 1.2 times its size, is cut off. The handle squares of a selected sprite are not
@@ -49,7 +50,7 @@ public:
     [[nodiscard]] const QString& GetDisplayText() const { return m_displayText; }
     /// Stores the expanded text. While it is empty the typed text is shown.
     void SetDisplayText(const QString& text);
-    [[nodiscard]] const TextStyle& GetStyle() const { return m_style; }
+    [[nodiscard]] const TextStyle& GetStyle() const { return *m_style; }
     /// Takes over a style that differs in more than the letter case of its font, and marks the
     /// owner changed; the effect then takes over font and size of the style.
     void SetStyle(const TextStyle& style);
@@ -66,10 +67,11 @@ private:
 
     QString m_name;
     QString m_text;
-    TextStyle m_style;
+    std::shared_ptr<const TextStyle> m_style;
     QString m_displayText;
-    mutable QSize m_measured;
-    mutable bool m_isMeasured = true;
+    mutable bool m_isMeasured = false;
+    mutable QSizeF m_layoutSize;  // as laid out
+    mutable QSize m_size;         // in design units
 };
 
 }  // namespace vellora

@@ -20,8 +20,8 @@ struct TextEffectEntry {
 };
 
 /// Reads "texteffect/effect_list.xml" below the base folder. A file that cannot be read, or that
-/// does not say its count, gives no entries; ids that the file does not hold are left out. The
-/// file is read again only when it has changed. Any thread.
+/// does not say its count, gives no entries; ids that the file does not hold are left out, and so
+/// are those from 4096 on. The file is read again only when it has changed. Any thread.
 VELLORA_EXPORT std::vector<TextEffectEntry> LoadEffectCatalogue(const QString& baseFolder);
 
 /// The folder with the textures below a text-effect base folder.

@@ -41,6 +41,9 @@ struct TextStyle {
     /// `shadow_x` right and down. The shadow's colour and `shadow_y` are not carried over.
     [[nodiscard]] VELLORA_EXPORT TextEffectRecord MakeEffect() const;
 
+    /// Takes over an effect that the user has chosen, with its font.
+    VELLORA_EXPORT void TakeEffect(const TextEffectRecord& chosen);
+
     friend bool operator==(const TextStyle&, const TextStyle&) = default;
 };
 

@@ -4,15 +4,21 @@
 #include <memory>
 
 #include <vellora/base/Rect.h>
+#include <vellora/text/TextStyle.h>
+
+#include "ui/behaviour/Cascade.h"
+#include "ui/behaviour/CropFrame.h"
+#include "ui/behaviour/SpriteClipboard.h"
+#include "ui/behaviour/SpriteDrag.h"
 
 namespace vellora {
 
-struct TextStyle;
 class CanvasLayers;
 class CDVDImageSprite;
-class CEditTrans;
+class CDVDImageText;
 class EditSession;
 class FilterMarker;
+class InPlaceText;
 enum class PhotoEdit;
 
 /// The canvas of the edit dialog: the photo with its sprites, 600 x 450 units, on which sprites
@@ -34,14 +40,14 @@ public:
     /// Mode 0 manual, 1 for 4:3, 2 for 16:9, 3 for none. Acts only when the mode differs from the
     /// present one and the photo has a picture.
     void SetCropMode(int mode);
-    [[nodiscard]] int GetCropMode() const;
+    [[nodiscard]] int GetCropMode() const { return m_crop.mode(); }
     /// The crop frame; empty when there is none.
-    [[nodiscard]] Rect GetCropFrame() const;
+    [[nodiscard]] Rect GetCropFrame() const { return m_crop.rect(); }
     /// Shows or hides the marker with which the region of a region filter is placed.
     void ShowFilterMarker(bool show);
 
     /// The properties for new texts, which are those of the text that was selected last.
-    [[nodiscard]] const TextStyle& GetTextProperties() const;
+    [[nodiscard]] const TextStyle& GetTextProperties() const { return m_textProperties; }
     /// Takes the properties and gives them to the selected text.
     void SetTextProperties(const TextStyle& properties);
     /// Commits an open editor, then adds a text at the next cascade point and selects it.
@@ -52,8 +58,8 @@ public:
     /// @param reason  Where given, says why a file could not be added.
     /// @return False for a file that cannot be loaded, or without a photo.
     bool AddClip(const QString& file, const QPoint* centre = nullptr, QString* reason = nullptr);
-    /// Inserts the text of macro 0 to 9 at the cursor of the in-place editor, which is opened on
-    /// the selected text when it is closed.
+    /// Inserts the text of macro 0 to 9 at the cursor of the in-place editor. A closed editor is
+    /// opened on the selected text, or without one on a new text.
     void InsertMacro(int macro);
 
     [[nodiscard]] bool IsEditorOpen() const;
@@ -85,14 +91,53 @@ Q_SIGNALS:
     void CropFrameDropped();
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
+    void OnPhotoAboutToChange();
     void OnPhotoChanged();
     void OnEdited(PhotoEdit kind);
 
+    SpriteHit SelectAt(QPoint point);
+    void Announce(CDVDImageSprite& sprite);
+    void DragSprite(QPoint point);
+    void UpdateCursor(QPoint point);
+    void OpenEditor(CDVDImageText& text);
+    void DeleteSelected();
+    void Nudge(QPoint step);
+    void DropCropFrame();
+    void EndDrag();
+    bool HandleKeyPress(const QKeyEvent& event);
+    void HandleKeyRelease(int key);
+    [[nodiscard]] QString ToolTipAt(QPoint point) const;
+    void RedrawSprites();
+
     EditSession& m_session;
     std::unique_ptr<CanvasLayers> m_layers;
+    InPlaceText* m_typing;
+    FilterMarker* m_marker;
+    TextStyle m_textProperties;
+    CDVDImageSprite* m_selected = nullptr;  ///< Only compared until the session holds it.
+    SpriteClipboard m_clipboard;
+    SpriteDrag m_drag;
+    CropFrame m_crop;
+    Cascade m_textPlaces;
+    Cascade m_clipPlaces;
+    int m_slideIndex = 0;
+    int m_slideCount = 0;
+    int m_pressedKey = 0;
+    bool m_buttonDown = false;
+    bool m_pressedBesideEditor = false;
 };
 
 }  // namespace vellora

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "Command.h"
+
+namespace vellora::cli {
+
+// Each adds its command with its options to the program.
+Command addFiltersCommand(CLI::App& program);
+Command addInfoCommand(CLI::App& program);
+Command addRenderCommand(CLI::App& program);
+
+}  // namespace vellora::cli

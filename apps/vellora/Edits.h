@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QStringList>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include <vellora/filters/FilterInterface.h>
+
+namespace vellora {
+class CDVDImage;
+}
+
+namespace vellora::cli {
+
+/// Writes one edit into a photo's edit record. The host record is complete by then.
+using Edit = std::function<void(CDVDImage& image)>;
+
+/// What the user wants done to each photo, in order.
+struct Edits {
+    std::vector<Edit> steps;
+    /// The filter that a region belongs to; null before the first region filter.
+    std::shared_ptr<COpencvFilterInterface> regionFilter;
+    /// Files that the edits read; no result may replace them.
+    QStringList files;
+
+    void applyTo(CDVDImage& image) const {
+        for (const Edit& step : steps) {
+            step(image);
+        }
+    }
+};
+
+}  // namespace vellora::cli

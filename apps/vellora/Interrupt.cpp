@@ -1,0 +1,62 @@
+#include "Interrupt.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <csignal>
+#include <cstdlib>
+#include <mutex>
+#include <utility>
+
+namespace vellora::cli {
+namespace {
+
+constexpr int kSignalled = 128;  // plus the signal's number: the status shells expect
+constexpr int kAttempts = 20;
+
+volatile std::sig_atomic_t g_signal = 0;
+
+void noteSignal(int signal) {
+    g_signal = signal;
+}
+
+/// The other thread may be about to put a file into the folder: tried again until it is gone.
+void removeFolder(const std::filesystem::path& folder) {
+    std::error_code error;
+    for (int attempt = 0; attempt < kAttempts; ++attempt) {
+        std::filesystem::remove_all(folder, error);
+        if (!std::filesystem::exists(folder, error)) {
+            return;
+        }
+    }
+}
+
+void watch(const std::stop_token& stop, const std::filesystem::path& folder) {
+    std::mutex mutex;
+    std::condition_variable_any stopped;
+    std::unique_lock lock(mutex);
+    while (!stop.stop_requested()) {
+        stopped.wait_for(lock, stop, std::chrono::milliseconds(50), [] { return false; });
+        if (g_signal != 0) {
+            removeFolder(folder);
+            std::_Exit(kSignalled + g_signal);
+        }
+    }
+}
+
+}  // namespace
+
+InterruptCleanup::InterruptCleanup(std::filesystem::path folder) {
+    std::signal(SIGINT, noteSignal);
+    std::signal(SIGTERM, noteSignal);
+    m_watcher = std::jthread(
+        [folder = std::move(folder)](const std::stop_token& stop) { watch(stop, folder); });
+}
+
+InterruptCleanup::~InterruptCleanup() {
+    m_watcher.request_stop();
+    m_watcher.join();
+    std::signal(SIGINT, SIG_DFL);
+    std::signal(SIGTERM, SIG_DFL);
+}
+
+}  // namespace vellora::cli

@@ -1,0 +1,93 @@
+// The command-line host: renders photos and tells about them, without a display.
+
+#include <QGuiApplication>
+#include <clocale>
+#include <cstdio>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+
+#include "Commands.h"
+#include "Console.h"
+
+namespace vellora::cli {
+namespace {
+
+/// File names and texts are UTF-8 whatever the locale says; Qt would say so at every start.
+void useUtf8() {
+    const char* locale = std::setlocale(LC_CTYPE, "");
+    const std::string_view name = locale != nullptr ? locale : "C";
+    if (name == "C" || name == "POSIX") {
+        qputenv("LC_ALL", "C.UTF-8");
+    }
+}
+
+void ignoreLibraryMessage(QtMsgType /*type*/, const QMessageLogContext& /*context*/,
+                          const QString& /*text*/) {}
+
+int runGiven(const std::vector<Command>& commands, int argc, char** argv) {
+    useUtf8();
+    qInstallMessageHandler(ignoreLibraryMessage);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
+    for (const Command& command : commands) {
+        if (command.app->parsed()) {
+            return command.run();
+        }
+    }
+    return kWrongUsage;
+}
+
+/// The arguments in the reversed order in which the parser takes them. It would read "[name]" as a
+/// list of one name; a photo may be called so.
+std::vector<std::string> argumentsOf(int argc, char** argv) {
+    std::vector<std::string> arguments;
+    for (int index = argc - 1; index > 0; --index) {
+        const std::string_view argument = argv[index];
+        const bool bracketed = argument.starts_with('[') && argument.ends_with(']');
+        arguments.push_back((bracketed ? "./" : "") + std::string(argument));
+    }
+    return arguments;
+}
+
+int runProgram(int argc, char** argv) {
+    CLI::App program("Renders finished pictures of photos: filters, crops, art clips.");
+    program.name("vellora");
+    program.set_version_flag("--version", "vellora " VELLORA_VERSION);
+    program.require_subcommand(1);
+    const std::vector<Command> commands{addRenderCommand(program), addFiltersCommand(program),
+                                        addInfoCommand(program)};
+    try {
+        program.parse(argumentsOf(argc, argv));
+        return runGiven(commands, argc, argv);
+    } catch (const CLI::Success& request) {
+        return program.exit(request);
+    } catch (const CLI::ParseError& error) {
+        printError(error.what());
+    } catch (const UsageError& error) {
+        printError(error.what());
+    }
+    std::fputs("Try --help.\n", stderr);
+    return kWrongUsage;
+}
+
+}  // namespace
+}  // namespace vellora::cli
+
+int main(int argc, char** argv) {
+    using namespace vellora::cli;
+    int status = kSomeFailed;
+    try {
+        status = runProgram(argc, argv);
+    } catch (const std::exception& error) {
+        printError(error.what());
+    }
+    // A full disk behind standard output shows itself only now.
+    if (std::fflush(stdout) != 0 && status == kAllDone) {
+        printError("standard output cannot be written");
+        status = kSomeFailed;
+    }
+    return status;
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QDir>
+#include <QString>
+#include <QStringList>
+
+namespace vellora::cli {
+
+/// Names the results after their photos.
+///
+/// Each name is the photo's own with another suffix; where it is taken by an earlier result or by
+/// one of the given files it gets a number. The names depend on nothing else: several processes
+/// that share one list of photos come to the same names.
+///
+/// @param inputs  Files that no result may replace, beside the photos.
+QStringList planResultNames(const QStringList& photos, const QStringList& inputs,
+                            const QDir& folder, const QString& suffix);
+
+/// "name.jpg" with a number: "name-2.jpg".
+QString numberedName(const QString& name, int number);
+
+}  // namespace vellora::cli

@@ -1,0 +1,132 @@
+#include "PhotoRenderer.h"
+
+#include <QFileInfo>
+#include <QImage>
+#include <QImageWriter>
+#include <algorithm>
+#include <iterator>
+#include <memory>
+
+#include <opencv2/core/core_c.h>
+
+#include <vellora/base/HostText.h>
+#include <vellora/filters/PhotoProcessor.h>
+#include <vellora/filters/RandomSeed.h>
+#include <vellora/host/ImageObj.h>
+#include <vellora/model/DVDImage.h>
+
+#include "Console.h"
+
+namespace vellora::cli {
+namespace {
+
+constexpr int kLongestJpegSide = 65500;
+constexpr int kPngCompression = 21;  // of 100: a quarter of the default's time, a sixth more bytes
+constexpr qsizetype kPathCapacity = std::size(_PHOTO_LIST_NODE{}.path);
+
+using Node = std::unique_ptr<_HNODE, void (*)(_HNODE*)>;
+
+Node addNode(CImageObj& show, _PHOTO_LIST_NODE& photo) {
+    _HNODE* node = nullptr;
+    show.AddPhotoListNode(&photo, &node);
+    return {node, ReleaseNode};
+}
+
+QString prepare(_PHOTO_LIST_NODE& record, const QString& photo, const RenderOptions& options) {
+    PhotoInfo info;
+    QString reason;
+    if (!ReadPhotoInfo(photo, &info, &reason)) {
+        return reason;
+    }
+    const QString path = QFileInfo(photo).absoluteFilePath();
+    if (path.size() >= kPathCapacity) {
+        return QStringLiteral("its path has more than %1 characters").arg(kPathCapacity - 1);
+    }
+    setHostText(record.path, path);
+    options.fillRecord(record, info);
+    return {};
+}
+
+/// The finished picture; its bytes are filled by the module directly.
+QImage outputImage(_HNODE& node, bool preview) {
+    QImage picture;
+    const int request = preview ? 1 : 0;
+    const auto supply = [&picture](IplImage** out, int width, int height) {
+        picture = QImage(width, height, QImage::Format_BGR888);
+        if (!picture.isNull()) {
+            *out = cvCreateImageHeader(cvSize(width, height), IPL_DEPTH_8U, 3);
+            cvSetData(*out, picture.bits(), static_cast<int>(picture.bytesPerLine()));
+        }
+    };
+    IplImage* header = GetOutImg(&node, request, request, supply);
+    if (header == nullptr) {
+        return {};
+    }
+    cvReleaseImageHeader(&header);
+    ReleaseImgBuf(&node);
+    return picture;
+}
+
+QSize writeOutputImage(_HNODE& node, const QString& file, const RenderOptions& options) {
+    const QImage picture = outputImage(node, options.preview);
+    QImageWriter writer(file, options.suffix().toLatin1());
+    if (options.png) {
+        writer.setCompression(kPngCompression);
+    } else {
+        writer.setQuality(options.quality);
+    }
+    return !picture.isNull() && writer.write(picture) ? picture.size() : QSize();
+}
+
+QSize writeJpegFile(CImageObj& show, const _PHOTO_LIST_NODE& photo, QSize own, const QString& file,
+                    const RenderOptions& options) {
+    const QSize asked = options.size.isEmpty() ? QSize(0, 0) : options.size;
+    show.SaveNodeToFile(file, 0, asked.width(), asked.height(), options.quality, 0, options.fit,
+                        options.background);
+    if (!QFileInfo::exists(file)) {
+        return {};
+    }
+    if (options.fit == RenderOptions::kBox) {
+        return {photo.output_width, photo.output_height};
+    }
+    return asked.isEmpty() ? own : asked;
+}
+
+}  // namespace
+
+RenderOutcome PhotoRenderer::render(const QString& photo, const QString& file) const {
+    RenderOutcome outcome;
+    _PHOTO_LIST_NODE record{};
+    outcome.problem = prepare(record, photo, m_options);
+    if (!outcome.problem.isEmpty()) {
+        return outcome;
+    }
+    CImageObj show;
+    const Node node = addNode(show, record);
+    if (node == nullptr) {
+        outcome.problem = QStringLiteral("there is not enough memory");
+        return outcome;
+    }
+    CDVDImage& image = *node->data->image;
+    m_edits.applyTo(image);
+    if (m_options.seed) {
+        FixRandomSeed(*m_options.seed);
+    }
+    CPhotoProcessor& processor = *image.GetProcessor();
+    processor.Rebuild(m_options.preview);
+    const QSize own(processor.GetWidth(), processor.GetHeight());
+    outcome.damaged = processor.IsDamaged();
+    if (own.isEmpty()) {
+        outcome.problem = QStringLiteral("its picture cannot be decoded");
+    } else if (!m_options.png && m_options.size.isEmpty() &&
+               std::max(own.width(), own.height()) > kLongestJpegSide) {
+        outcome.problem = QStringLiteral("is too long for a JPEG file; --format png takes it");
+    } else if (m_options.png || m_options.preview) {
+        outcome.size = writeOutputImage(*node, file, m_options);
+    } else {
+        outcome.size = writeJpegFile(show, record, own, file, m_options);
+    }
+    return outcome;
+}
+
+}  // namespace vellora::cli

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QPainterPath>
+
+namespace vellora {
+
+/// The area that a pen of that width covers along a path, with round joins, to be filled by the
+/// winding rule.
+///
+/// @param scale  Device pixels per unit, for the smoothness of curves.
+QPainterPath widened(const QPainterPath& path, double width, double scale);
+
+/// The area that an outline from `widened` covers on its way along `way`, both ends included.
+QPainterPath swept(const QPainterPath& path, QPointF way, double scale);
+
+}  // namespace vellora

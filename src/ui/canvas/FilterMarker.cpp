@@ -1,0 +1,101 @@
+#include "ui/canvas/FilterMarker.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <algorithm>
+
+#include <vellora/host/Language.h>
+
+namespace vellora {
+
+FilterMarker::FilterMarker(QWidget* canvas) : QWidget(canvas) {
+    resize(kSide, kSide);
+    setCursor(Qt::SizeAllCursor);
+    setFocusPolicy(Qt::StrongFocus);
+    const QString purpose = LanguageWord(QStringLiteral("Drag to where the filter works"));
+    setToolTip(purpose);
+    setAccessibleName(purpose);
+    hide();
+}
+
+void FilterMarker::showOn(const Rect& placed) {
+    m_placed = placed;
+    moveInside(
+        {placed.left + (placed.width() - kSide) / 2, placed.top + (placed.height() - kSide) / 2});
+    announce();
+    raise();
+    show();
+}
+
+void FilterMarker::moveInside(QPoint corner) {
+    const int right = std::max(m_placed.left, m_placed.right - kSide);
+    const int bottom = std::max(m_placed.top, m_placed.bottom - kSide);
+    move(std::clamp(corner.x(), m_placed.left, right),
+         std::clamp(corner.y(), m_placed.top, bottom));
+}
+
+void FilterMarker::announce() {
+    if (m_placed.isEmpty()) {
+        return;
+    }
+    const auto width = static_cast<float>(m_placed.width());
+    const auto height = static_cast<float>(m_placed.height());
+    Q_EMIT regionChanged(static_cast<float>(x() - m_placed.left) / width,
+                         static_cast<float>(y() - m_placed.top) / height, kSide / width,
+                         kSide / height);
+}
+
+void FilterMarker::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF outer = QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5);
+    painter.setPen(QPen(QColor(0, 0, 0, 180), 3.0));
+    painter.drawRoundedRect(outer, 3.0, 3.0);
+    painter.setPen(QPen(hasFocus() ? QColor(0, 168, 255) : QColor(Qt::white), 1.5));
+    painter.drawRoundedRect(outer, 3.0, 3.0);
+    const QPointF centre = outer.center();
+    painter.drawLine(centre - QPointF(3.0, 0.0), centre + QPointF(3.0, 0.0));
+    painter.drawLine(centre - QPointF(0.0, 3.0), centre + QPointF(0.0, 3.0));
+}
+
+void FilterMarker::mousePressEvent(QMouseEvent* event) {
+    m_grab = event->position().toPoint();
+    event->accept();
+}
+
+void FilterMarker::mouseMoveEvent(QMouseEvent* event) {
+    if (event->buttons().testFlag(Qt::LeftButton)) {
+        moveInside(mapToParent(event->position().toPoint()) - m_grab);
+    }
+    event->accept();
+}
+
+void FilterMarker::mouseReleaseEvent(QMouseEvent* event) {
+    announce();
+    event->accept();
+}
+
+void FilterMarker::keyPressEvent(QKeyEvent* event) {
+    const int step = event->modifiers().testFlag(Qt::ShiftModifier) ? 10 : 1;
+    switch (event->key()) {
+        case Qt::Key_Left:
+            moveInside(pos() - QPoint(step, 0));
+            break;
+        case Qt::Key_Right:
+            moveInside(pos() + QPoint(step, 0));
+            break;
+        case Qt::Key_Up:
+            moveInside(pos() - QPoint(0, step));
+            break;
+        case Qt::Key_Down:
+            moveInside(pos() + QPoint(0, step));
+            break;
+        default:
+            QWidget::keyPressEvent(event);
+            return;
+    }
+    announce();
+}
+
+}  // namespace vellora

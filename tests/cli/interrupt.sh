@@ -1,0 +1,34 @@
+# Ctrl-C leaves no half-written file and nothing else.
+. "$(dirname "$0")/harness.sh"
+convert -size 3000x2000 plasma:red-blue -quality 95 photo.jpg
+: >stderr
+
+# interrupted SIGNAL STATUS: stops a run of many photos in the middle
+interrupted() {
+    rm -rf out
+    set --  "$@" $(yes photo.jpg | head -n 60)
+    signal="$1"
+    wanted="$2"
+    shift 2
+    # A shell's background job ignores interrupts; env starts the program without that.
+    env --default-signal=INT "$vellora" render --out out --filter 'HSL=10,20,5' "$@" 2>stderr &
+    pid=$!
+    tries=0
+    while [ ! -e out/photo.jpg ] && [ "$tries" -lt 200 ]; do
+        sleep 0.05
+        tries=$((tries + 1))
+    done
+    kill "-$signal" "$pid"
+    wait "$pid"
+    status=$?
+    [ "$status" -eq "$wanted" ] || fail "exit status $status after $signal, not $wanted"
+    [ -z "$(find out -name '.*' -mindepth 1)" ] || fail "left behind: $(ls -A out)"
+    for result in out/*; do
+        has_size "$result" 3000x2000
+        identify -regard-warnings -verbose "$result" >/dev/null 2>&1 || fail "$result is broken"
+    done
+    [ "$(ls out | wc -l)" -lt 60 ] || fail "the run was over before it could be interrupted"
+}
+interrupted INT 130
+interrupted TERM 143
+finish

@@ -1,0 +1,54 @@
+# Results are named after their photos and replace neither these nor each other.
+. "$(dirname "$0")/harness.sh"
+mkdir a b
+convert -size 20x20 xc:red a/x.jpg
+convert -size 30x30 xc:blue b/x.jpg
+cp a/x.jpg b/x-2.jpg
+
+expect 0 render --out out a/x.jpg b/x.jpg b/x-2.jpg
+holds 3 out
+has_size out/x.jpg 20x20
+has_size out/x-2.jpg 30x30
+
+# An earlier result stays, unless it is to be replaced.
+expect 0 render --out out b/x.jpg
+says "x.jpg' exists already; the result is 'x-3.jpg'"
+holds 4 out
+expect 0 render --out out --overwrite b/x.jpg
+silent
+holds 4 out
+has_size out/x.jpg 30x30
+
+# The folder of the photos as the folder of the results, whatever way leads there.
+cp a/x.jpg original.jpg
+ln -s a link
+for options in "--out a" "--out a --overwrite" "--out link --overwrite" "--out ./link/../a"; do
+    # shellcheck disable=SC2086  # several options
+    expect 0 render $options a/x.jpg
+    cmp -s a/x.jpg original.jpg || fail "the photo was replaced with $options"
+done
+cp a/x.jpg clip.jpg
+expect 0 render --out . --overwrite --clip clip.jpg@0,0 b/../a/../clip.jpg b/x.jpg
+cmp -s clip.jpg original.jpg || fail "the clip was replaced"
+
+# Names that trouble programs.
+newline="$(printf 'line\nbreak.jpg')"
+for name in 'with space.jpg' "quote'\".jpg" 'Grüße 日本.jpg' "$newline" '[list].jpg' '%s%n.jpg' \
+    '.hidden' '-dash.jpg' 'a.b.c.jpg' 'NOSUFFIX'; do
+    cp original.jpg "./$name"
+    expect 0 render --out odd -- "$name"
+    silent
+done
+holds 10 odd
+exists "odd/$newline"
+exists 'odd/a.b.c.jpg'
+exists 'odd/.hidden.jpg'
+exists 'odd/Grüße 日本.jpg'
+expect 1 render --out odd -- "missing$newline"
+says 'missingline\x0abreak.jpg: no such file'
+LC_ALL=C expect 0 render --out plain 'Grüße 日本.jpg'
+exists 'plain/Grüße 日本.jpg'
+cp original.jpg '[only]'
+expect 0 render --out odd '[only]'
+exists 'odd/[only].jpg'
+finish
