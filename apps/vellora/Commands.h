@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "Command.h"
 
 namespace vellora::cli {
@@ -8,6 +10,8 @@ namespace vellora::cli {
 Command addEffectsCommand(CLI::App& program);
 Command addFiltersCommand(CLI::App& program);
 Command addInfoCommand(CLI::App& program);
+Command addNewCommand(CLI::App& program);
+std::vector<Command> addProjectCommands(CLI::App& program);
 Command addRenderCommand(CLI::App& program);
 
 }  // namespace vellora::cli
