@@ -60,8 +60,8 @@ int runProgram(int argc, char** argv) {
     program.set_version_flag("--version", "vellora " VELLORA_VERSION);
     program.require_subcommand(1);
     std::vector<Command> commands{addRenderCommand(program), addFiltersCommand(program),
-                                  addInfoCommand(program), addNewCommand(program),
-                                  addEffectsCommand(program)};
+                                  addInfoCommand(program), addEffectsCommand(program),
+                                  addNewCommand(program)};
     std::ranges::move(addProjectCommands(program), std::back_inserter(commands));
     try {
         program.parse(argumentsOf(argc, argv));

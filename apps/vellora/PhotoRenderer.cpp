@@ -7,8 +7,6 @@
 #include <iterator>
 #include <memory>
 
-#include <opencv2/core/core_c.h>
-
 #include <vellora/base/HostText.h>
 #include <vellora/filters/PhotoProcessor.h>
 #include <vellora/filters/RandomSeed.h>
@@ -17,6 +15,7 @@
 
 #include "Console.h"
 #include "common/Assets.h"
+#include "common/Picture.h"
 
 namespace vellora::cli {
 namespace {
@@ -33,28 +32,10 @@ Node addNode(CImageObj& show, _PHOTO_LIST_NODE& photo) {
     return {node, ReleaseNode};
 }
 
-/// The finished picture; its bytes are filled by the module directly.
-QImage outputImage(_HNODE& node, bool preview) {
-    QImage picture;
-    const int request = preview ? 1 : 0;
-    const auto supply = [&picture](IplImage** out, int width, int height) {
-        picture = QImage(width, height, QImage::Format_BGR888);
-        if (!picture.isNull()) {
-            *out = cvCreateImageHeader(cvSize(width, height), IPL_DEPTH_8U, 3);
-            cvSetData(*out, picture.bits(), static_cast<int>(picture.bytesPerLine()));
-        }
-    };
-    IplImage* header = GetOutImg(&node, request, request, supply);
-    if (header == nullptr) {
-        return {};
-    }
-    cvReleaseImageHeader(&header);
-    ReleaseImgBuf(&node);
-    return picture;
-}
-
 QSize writeOutputImage(_HNODE& node, const QString& file, const RenderOptions& options) {
-    const QImage picture = outputImage(node, options.preview);
+    const QImage picture = hostkit::finishedPicture(
+        &node, options.preview ? hostkit::Detail::Preview : hostkit::Detail::Full);
+    ReleaseImgBuf(&node);
     QImageWriter writer(file, options.suffix().toLatin1());
     if (options.png) {
         writer.setCompression(kPngCompression);

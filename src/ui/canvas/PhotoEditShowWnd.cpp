@@ -1,5 +1,6 @@
 #include "ui/canvas/PhotoEditShowWnd.h"
 
+#include <QFileInfo>
 #include <QPainter>
 
 #include <vellora/base/Types.h>
@@ -24,6 +25,14 @@ namespace {
 
 /// Where the middle of the first added clip lies.
 constexpr QPoint kFirstClip(kStageWidth / 2, kStageHeight / 2);
+
+/// What assistive technology calls a sprite.
+QString nameOf(const CDVDImageSprite& sprite) {
+    if (sprite.GetKind() == kTextSprite) {
+        return static_cast<const CDVDImageText&>(sprite).GetText();
+    }
+    return QFileInfo(static_cast<const CDVDImageProps&>(sprite).GetFile()).fileName();
+}
 
 }  // namespace
 
@@ -210,6 +219,7 @@ CDVDImageSprite* CPhotoEditShowWnd::GetSelected() const {
 
 void CPhotoEditShowWnd::Select(CDVDImageSprite* sprite) {
     m_selected = m_session.holds(sprite) ? sprite : nullptr;
+    setAccessibleDescription(m_selected != nullptr ? nameOf(*m_selected) : QString());
     update();
     if (m_selected != nullptr) {
         Announce(*m_selected);
@@ -287,6 +297,9 @@ void CPhotoEditShowWnd::paintEvent(QPaintEvent* /*event*/) {
         drawSelection(painter, *selected);
     }
     drawCropFrame(painter, m_crop);
+    if (m_showsFocus) {
+        drawFocusFrame(painter);
+    }
 }
 
 }  // namespace vellora

@@ -310,6 +310,18 @@ void CPhotoEditShowWnd::HandleKeyRelease(int key) {
     }
 }
 
+void CPhotoEditShowWnd::focusInEvent(QFocusEvent* event) {
+    m_showsFocus = event->reason() == Qt::TabFocusReason ||
+                   event->reason() == Qt::BacktabFocusReason ||
+                   event->reason() == Qt::ShortcutFocusReason;
+    update();
+}
+
+void CPhotoEditShowWnd::focusOutEvent(QFocusEvent* /*event*/) {
+    m_showsFocus = false;
+    update();
+}
+
 void CPhotoEditShowWnd::dragEnterEvent(QDragEnterEvent* event) {
     if (m_session.isOpen() && !clipFiles(event->mimeData()).isEmpty()) {
         event->acceptProposedAction();
