@@ -9,6 +9,7 @@
 #include <opencv2/core/hal/intrin.hpp>
 
 #include "base/AbortFlag.h"
+#include "filters/HaloBands.h"
 #include "filters/ImagePreflight.h"
 #include "filters/SummedRows.h"
 
@@ -112,15 +113,6 @@ private:
     std::vector<double> m_rows;
 };
 
-/// Rows `first` up to but not including `last`, with copies of the neighbouring rows that their
-/// boxes reach: another thread may overwrite those.
-struct Band {
-    int first;
-    int last;
-    cv::Mat above;
-    cv::Mat below;
-};
-
 /// Dims a picture in place: a row is only overwritten when the sums over all rows that its boxes
 /// reach are taken.
 class DepthDimmer {
@@ -132,46 +124,26 @@ public:
         // The sums over the rows next to a band are taken twice; bands are tall enough for that
         // to matter little.
         const int window = 2 * m_reach + 2;
-        const int bands =
-            std::clamp(m_picture.rows / (4 * window), 1, std::max(1, cv::getNumThreads()));
-        std::vector<Band> work;
-        for (int i = 0; i < bands; ++i) {
-            work.push_back(makeBand(boundary(i, bands), boundary(i + 1, bands)));
-        }
-        cv::parallel_for_(
-            cv::Range(0, bands),
-            [&](const cv::Range& range) {
-                for (int i = range.start; i < range.end; ++i) {
-                    dimBand(work[static_cast<std::size_t>(i)]);
-                }
-            },
-            bands);
+        const int count = std::min(m_picture.rows / (4 * window), cv::getNumThreads());
+        const HaloBands bands(m_picture, m_reach + 1, m_reach, count);
+        bands.forEachGroup([&](const auto& group) {
+            for (const HaloBands::Band* band : group) {
+                dimBand(bands, *band);
+            }
+        });
     }
 
 private:
-    [[nodiscard]] int boundary(int band, int bands) const {
-        return static_cast<int>(static_cast<std::int64_t>(m_picture.rows) * band / bands);
-    }
-
-    [[nodiscard]] int firstRead(int row) const { return std::max(row - m_reach - 1, 0); }
-    [[nodiscard]] int lastRead(int row) const {
-        return std::min(row + m_reach, m_picture.rows - 1);
-    }
-
-    [[nodiscard]] Band makeBand(int first, int last) const {
-        return {first, last, m_picture.rowRange(firstRead(first), first).clone(),
-                m_picture.rowRange(last, lastRead(last - 1) + 1).clone()};
-    }
-
-    void dimBand(const Band& band) {
+    void dimBand(const HaloBands& bands, const HaloBands::Band& band) {
         const auto width = static_cast<std::size_t>(m_picture.cols);
         std::vector<int> columns(width);
         std::vector<int> rows(width);
         const int kept = std::max(2, std::min(2 * m_reach + 2, m_picture.rows));
-        SummedRows sums(m_picture.size(), firstRead(band.first), kept);
+        SummedRows sums(m_picture.size(), std::max(band.first - m_reach - 1, 0), kept);
         for (int y = band.first; y < band.last; ++y) {
-            while (sums.nextRow() <= lastRead(y)) {
-                sums.add(photoRow(band, sums.nextRow()));
+            const int lastNeeded = std::min(y + m_reach, m_picture.rows - 1);
+            while (sums.nextRow() <= lastNeeded) {
+                sums.add(bands.row(band, sums.nextRow()));
             }
             m_focus.rowReaches(y, columns.data(), rows.data());
             dimRow(sums, y, columns.data(), rows.data());
@@ -180,13 +152,6 @@ private:
                 return;
             }
         }
-    }
-
-    [[nodiscard]] const uchar* photoRow(const Band& band, int y) const {
-        if (y < band.first) {
-            return band.above.ptr(y - band.first + band.above.rows);
-        }
-        return y < band.last ? m_picture.ptr(y) : band.below.ptr(y - band.last);
     }
 
     void dimRow(const SummedRows& sums, int y, const int* columns, const int* rows) {
@@ -244,16 +209,23 @@ private:
 
     static void boxMeans(const Corners& corners, double share, uchar* values, int count) {
         const cv::v_float64x2 factor = cv::v_setall_f64(share);
-        int i = 0;
-        for (; i + 4 <= count; i += 4) {
-            const cv::v_int32x4 sum = cv::v_reinterpret_as_s32(
+        const auto storeFour = [&](int i) {
+            const cv::v_int32x4 sums = cv::v_reinterpret_as_s32(
                 cv::v_load(corners.upperLeft + i) - cv::v_load(corners.upperRight + i) -
                 cv::v_load(corners.lowerLeft + i) + cv::v_load(corners.lowerRight + i));
-            const cv::v_int32x4 low = cv::v_trunc(cv::v_cvt_f64(sum) * factor);
-            const cv::v_int32x4 high = cv::v_trunc(cv::v_cvt_f64_high(sum) * factor);
+            const cv::v_int32x4 low = cv::v_trunc(cv::v_cvt_f64(sums) * factor);
+            const cv::v_int32x4 high = cv::v_trunc(cv::v_cvt_f64_high(sums) * factor);
             const cv::v_int16x8 words = cv::v_pack(cv::v_combine_low(low, high), low);
             const std::uint32_t bytes = cv::v_reinterpret_as_u32(cv::v_pack_u(words, words)).get0();
             std::memcpy(values + i, &bytes, sizeof(bytes));
+        };
+        int i = 0;
+        for (; i + 4 <= count; i += 4) {
+            storeFour(i);
+        }
+        if (i < count && count >= 4) {
+            storeFour(count - 4);  // some values a second time
+            return;
         }
         for (; i < count; ++i) {
             const std::uint32_t sum = corners.upperLeft[i] - corners.upperRight[i] -
