@@ -114,6 +114,13 @@ void addFilters() {
     addFilter("Oil Paint", u"Oil Paint", {30});
     addFilter("Oil Paint 100", u"Oil Paint", {100});
     addFilter("Oil Paint 1", u"Oil Paint", {1});
+    addFilter("Wave", u"Wave", {730, 65, 70});
+    addFilter("Mist", u"Mist", {70});
+    addFilter("Water Paint", u"Water Paint", {65});
+    addFilter("Hard Pastels", u"Hard Pastels", {25, 30, 15});
+    addFilter("Hard Pastels 80", u"Hard Pastels", {80, 30, 15});
+    addFilter("Hard Pastels 1", u"Hard Pastels", {1, 30, 15});
+    addFilter("Dot Paint", u"Dot Paint", {});
 }
 
 /// Work into an image that is already there, as the filters find theirs.

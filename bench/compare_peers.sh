@@ -58,7 +58,7 @@ job() {
 }
 
 end_job() {
-    ratio="$(awk -v a="$ours" -v b="${best:-0}" 'BEGIN { print b > 0 ? sprintf("%.2f", a / b) : "-" }')"
+    ratio="$(awk -v a="$ours" -v b="${best:-0}" 'BEGIN { print (b > 0 ? sprintf("%.2f", a / b) : "-") }')"
     printf '| %s | %s | %s | %s |%s |\n' "$name" "$ours" "$peak" "$ratio" "${others%,}"
 }
 

@@ -7,6 +7,8 @@ install(TARGETS vellora EXPORT VelloraTargets
     RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/vellora" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}"
     FILES_MATCHING PATTERN "*.h")
+# Text styles, textures, clips and language files, for every host that wants them.
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/assets/" DESTINATION "${CMAKE_INSTALL_DATADIR}/vellora")
 install(EXPORT VelloraTargets NAMESPACE Vellora::
     DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Vellora")
 

@@ -1,8 +1,10 @@
 // The command-line host: renders photos and tells about them, without a display.
 
 #include <QGuiApplication>
+#include <algorithm>
 #include <clocale>
 #include <cstdio>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -57,8 +59,10 @@ int runProgram(int argc, char** argv) {
     program.name("vellora");
     program.set_version_flag("--version", "vellora " VELLORA_VERSION);
     program.require_subcommand(1);
-    const std::vector<Command> commands{addRenderCommand(program), addFiltersCommand(program),
-                                        addInfoCommand(program)};
+    std::vector<Command> commands{addRenderCommand(program), addFiltersCommand(program),
+                                  addInfoCommand(program), addEffectsCommand(program),
+                                  addNewCommand(program)};
+    std::ranges::move(addProjectCommands(program), std::back_inserter(commands));
     try {
         program.parse(argumentsOf(argc, argv));
         return runGiven(commands, argc, argv);

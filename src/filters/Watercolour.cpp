@@ -222,6 +222,13 @@ void paintSheet(const cv::Mat& source, cv::Mat& target, const Sheet& sheet, cons
 }  // namespace
 
 void paintWatercolour(const cv::Mat& source, cv::Mat& target, float water) {
+    constexpr int kNarrow = 8;  // rows so short that their overhead would count
+    if (source.cols < kNarrow && source.rows > source.cols) {
+        cv::Mat lying = source.t();
+        paintWatercolour(source.t(), lying, water);
+        cv::transpose(lying, target);
+        return;
+    }
     const Brush brush = makeBrush(source.size(), water);
     const int halo = brush.halo() + brush.edge;
     const cv::Rect picture({0, 0}, source.size());

@@ -90,8 +90,7 @@ void CanvasLayers::drawPhoto(QImage& surface) {
     const COpencvFilterInterface* filter = record->GetProcessor()->GetCurrentFilter();
     const std::u16string name = filter != nullptr ? filter->GetName() : u"";
     std::optional<WaitCursor> wait;
-    if (const auto known = m_filterTimes.find(name);
-        known != m_filterTimes.end() && known->second > kNoticeable) {
+    if (isExpectedToTakeLong(filter)) {
         wait.emplace();
     }
     QElapsedTimer timer;
@@ -108,6 +107,14 @@ void CanvasLayers::drawPhoto(QImage& surface) {
                          std::abs(target.height() - picture.height()) < 2.0 * m_ratio;
     painter.setRenderHint(QPainter::SmoothPixmapTransform, !isClose);
     painter.drawImage(target.toAlignedRect(), picture);
+}
+
+bool CanvasLayers::isExpectedToTakeLong(const COpencvFilterInterface* filter) const {
+    if (filter == nullptr) {
+        return false;
+    }
+    const auto known = m_filterTimes.find(filter->GetName());
+    return known != m_filterTimes.end() ? known->second > kNoticeable : filter->is_art_effect != 0;
 }
 
 QImage CanvasLayers::filtered(const std::u16string& filterName) {

@@ -12,6 +12,7 @@
 namespace vellora {
 
 class CDVDImageSprite;
+class COpencvFilterInterface;
 class EditSession;
 
 /// The picture on the canvas, in layers that are kept until what they show changes: the photo with
@@ -34,6 +35,7 @@ public:
 private:
     const QImage& photo();
     void drawPhoto(QImage& surface);
+    [[nodiscard]] bool isExpectedToTakeLong(const COpencvFilterInterface* filter) const;
     [[nodiscard]] QImage filtered(const std::u16string& filterName);
     [[nodiscard]] ImagePtr detailedCopy();
     void drawMessage(QImage& surface) const;

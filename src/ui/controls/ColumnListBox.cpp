@@ -86,8 +86,10 @@ void CColumnListBox::paintEvent(QPaintEvent* event) {
     if (count() == 0 && !m_emptyText.isEmpty()) {
         QPainter painter(viewport());
         painter.setPen(skin::kMutedText);
-        painter.drawText(viewport()->rect().adjusted(14, 10, -14, -10),
-                         Qt::AlignCenter | Qt::TextWrapAnywhere, m_emptyText);
+        QTextOption option(Qt::AlignCenter);
+        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        painter.drawText(QRectF(viewport()->rect()).adjusted(14, 10, -14, -10), m_emptyText,
+                         option);
     }
 }
 

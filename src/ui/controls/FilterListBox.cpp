@@ -42,8 +42,7 @@ public:
         painter->setBrush(Qt::NoBrush);
         const double inset = selected ? 0.0 : 0.5;
         painter->drawRoundedRect(QRectF(picture).adjusted(inset, inset, -inset, -inset), 2, 2);
-        painter->setFont(
-            skin::scaledFont(m_list, kNameScale, selected ? QFont::DemiBold : QFont::Normal));
+        painter->setFont(skin::scaledFont(m_list, kNameScale));
         painter->setPen(selected ? skin::kAccentDark : skin::kText);
         skin::drawElided(*painter, name, Qt::AlignHCenter | Qt::AlignTop,
                          index.data(Qt::DisplayRole).toString());

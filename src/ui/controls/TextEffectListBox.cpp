@@ -17,6 +17,12 @@ constexpr int kNameHeight = 14;
 // Light styles need a darker ground than the page, dark ones a lighter one than a photo.
 constexpr QColor kSampleGround{0x8F, 0x9D, 0xAE};
 
+/// The name of an entry, which is "Style" and a number, in the language of the module.
+QString translatedName(const TextEffectEntry& entry) {
+    const QString number = entry.name.section(u' ', -1);
+    return LanguageString(string_id::kStyleNumber).replace(QStringLiteral("%d"), number);
+}
+
 }  // namespace
 
 CTextEffectListBox::CTextEffectListBox(QWidget* parent)
@@ -28,8 +34,9 @@ void CTextEffectListBox::LoadEffectCatalogue(const QString& baseFolder) {
     m_baseFolder = baseFolder;
     m_entries = vellora::LoadEffectCatalogue(baseFolder);
     for (const TextEffectEntry& entry : m_entries) {
-        auto* item = new QListWidgetItem(entry.name, this);
-        item->setToolTip(QStringLiteral("<span>%1</span>").arg(entry.name.toHtmlEscaped()));
+        const QString name = translatedName(entry);
+        auto* item = new QListWidgetItem(name, this);
+        item->setToolTip(QStringLiteral("<span>%1</span>").arg(name.toHtmlEscaped()));
     }
     if (count() > 0) {
         setCurrentRow(0);

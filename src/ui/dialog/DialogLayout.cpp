@@ -47,7 +47,8 @@ QRect DialogLayout::canvas() const {
 
 QRect DialogLayout::status(QSize client) const {
     const QRect stage = canvas();
-    return edges(stage.left(), stage.bottom() + 1, stage.right() + 1, client.height() - 1);
+    return edges(stage.left(), stage.bottom() + 1 + kCanvasMat, stage.right() + 1,
+                 client.height() - 1);
 }
 
 QRect DialogLayout::toolHeader(QSize client) const {
@@ -57,6 +58,16 @@ QRect DialogLayout::toolHeader(QSize client) const {
 QRect DialogLayout::tabHeader(QSize client) const {
     return edges(kPageLeft, 72 + extraToolHeight, client.width(),
                  104 + extraToolHeight + extraTabHeight);
+}
+
+QRect placedDialog(QSize wanted, QSize smallest, const QRect& screen, QPoint centre) {
+    QRect frame({}, wanted.boundedTo(screen.size()).expandedTo(smallest));
+    frame.moveCenter(centre);
+    frame.moveRight(std::min(frame.right(), screen.right()));
+    frame.moveBottom(std::min(frame.bottom(), screen.bottom()));
+    frame.moveLeft(std::max(frame.left(), screen.left()));
+    frame.moveTop(std::max(frame.top(), screen.top()));
+    return frame;
 }
 
 }  // namespace vellora

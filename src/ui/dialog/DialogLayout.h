@@ -5,6 +5,9 @@
 
 namespace vellora {
 
+/// Width of the border around the canvas.
+inline constexpr int kCanvasMat = 8;
+
 /// Where the parts of the edit dialog stand.
 ///
 /// With controls of ordinary height the places are fixed; larger fonts push what lies below the
@@ -27,5 +30,9 @@ struct DialogLayout {
     [[nodiscard]] QRect toolHeader(QSize client) const;
     [[nodiscard]] QRect tabHeader(QSize client) const;
 };
+
+/// Where a dialog of a size opens: around a point, as far as the screen allows, and no larger than
+/// the screen unless its smallest size is.
+QRect placedDialog(QSize wanted, QSize smallest, const QRect& screen, QPoint centre);
 
 }  // namespace vellora

@@ -26,6 +26,7 @@
 #include "ui/controls/CoolTabBar.h"
 #include "ui/controls/CoolToolBar.h"
 #include "ui/controls/TransparentStatic.h"
+#include "ui/dialog/DialogBars.h"
 #include "ui/dialog/PhotoList.h"
 #include "ui/pages/PhotoCropFilter.h"
 #include "ui/pages/PhotoEditOperPropsPage.h"
@@ -45,7 +46,6 @@ constexpr int kToolHeaderImage = 3012;
 constexpr int kTabHeaderImage = 3013;
 constexpr int kBackgroundBitmap = 3014;
 constexpr int kSelectionChanged = -551;
-constexpr QColor kButtonFrame{0x80, 0x80, 0x80};
 constexpr QColor kHeaderLine{0xCC, 0xCC, 0xCC};
 
 // Items of the tab bar. What a selected sprite is compared with are not the items it switches to.
@@ -54,7 +54,6 @@ constexpr int kClipItem = 4;
 constexpr int kTextGuard = 1;
 constexpr int kClipGuard = 2;
 
-constexpr int kMat = 8;
 constexpr int kOrdinaryToolHeight = 44;
 constexpr int kOrdinaryTabHeight = 32;
 constexpr int kOrdinaryPageWidth = 321;
@@ -87,8 +86,9 @@ CImageProcessDialog::CImageProcessDialog(CImageObj& document, int index, const H
     if (const QImage tile = LanguageBitmap(kBackgroundBitmap, {}); !tile.isNull()) {
         m_background = tile;
     }
-    BuildToolPanel();
-    BuildTabBar();
+    fillToolPanel(*m_toolPanel);
+    m_toolPanel->installEventFilter(this);
+    fillTabBar(*m_tabBar);
     BuildPages(document.GetTextEffectBaseFolder());
     skin::applySkin(*this);
     Connect();
@@ -129,43 +129,6 @@ void CImageProcessDialog::BuildTemplateControls() {
     add(3011, "90>", [this] { OnToolCommand(ToolCommand::RotateRight); });
 }
 
-void CImageProcessDialog::BuildToolPanel() {
-    const auto add = [this](skin::Icon icon, std::int32_t caption, std::int32_t tip,
-                            const QKeySequence& keys = {}) {
-        QString text = LanguageString(tip);
-        if (!keys.isEmpty()) {
-            text += QStringLiteral(" (%1)").arg(keys.toString(QKeySequence::NativeText));
-        }
-        m_toolPanel->AddButton(icon, LanguageString(caption), text);
-    };
-    add(skin::Icon::FlipX, string_id::kFlipX, string_id::kFlipHorizontally);
-    add(skin::Icon::FlipY, string_id::kFlipY, string_id::kFlipVertically);
-    m_toolPanel->AddSeparator();
-    add(skin::Icon::RotateLeft, string_id::kRotateLeft, string_id::kRotateCounterclockwise);
-    add(skin::Icon::RotateRight, string_id::kRotateRight, string_id::kRotateClockwise);
-    m_toolPanel->AddSeparator();
-    const bool mirrored = layoutDirection() == Qt::RightToLeft;
-    add(mirrored ? skin::Icon::Next : skin::Icon::Previous, string_id::kPreviousPhoto,
-        string_id::kPreviousPhoto, Qt::CTRL | Qt::Key_PageUp);
-    add(mirrored ? skin::Icon::Previous : skin::Icon::Next, string_id::kNextPhoto,
-        string_id::kNextPhoto, Qt::CTRL | Qt::Key_PageDown);
-    m_toolPanel->AddSeparator();
-    add(skin::Icon::Close, string_id::kClose, string_id::kCloseWindow);
-    m_toolPanel->SetButtonFrameColour(kButtonFrame);
-    m_toolPanel->installEventFilter(this);
-}
-
-void CImageProcessDialog::BuildTabBar() {
-    for (const std::int32_t tab : {string_id::kTabInfo, string_id::kTabText, string_id::kTabArtClip,
-                                   string_id::kTabCropFilter}) {
-        if (m_tabBar->count() > 0) {
-            m_tabBar->AddGap();
-        }
-        m_tabBar->AddTab(LanguageString(tab), LanguageString(tab));
-    }
-    m_tabBar->setCurrentIndex(0);
-}
-
 void CImageProcessDialog::BuildPages(const QString& baseFolder) {
     m_canvas->setLayoutDirection(Qt::LeftToRight);
     describe(*m_canvas, LanguageString(string_id::kCanvasName));
@@ -191,8 +154,8 @@ void CImageProcessDialog::Connect() {
         connect(new QShortcut(keys, this), &QShortcut::activated, this,
                 [this, command] { OnToolCommand(command); });
     };
-    shortcut(Qt::CTRL | Qt::Key_PageUp, ToolCommand::Previous);
-    shortcut(Qt::CTRL | Qt::Key_PageDown, ToolCommand::Next);
+    shortcut(kPreviousKeys, ToolCommand::Previous);
+    shortcut(kNextKeys, ToolCommand::Next);
     if (m_host.window() != nullptr) {
         connect(m_host.window(), &QObject::destroyed, this, &CImageProcessDialog::Abandon);
     }
@@ -212,23 +175,18 @@ void CImageProcessDialog::FitToContents() {
     const int fontHeight = fontMetrics().height();
     m_layout.extraToolHeight = std::max(0, m_toolPanel->sizeHint().height() - kOrdinaryToolHeight);
     m_layout.extraTabHeight = std::max(0, fontHeight + 14 - kOrdinaryTabHeight);
-    QSize page(kOrdinaryPageWidth * std::max(fontHeight, kOrdinaryFontHeight) / kOrdinaryFontHeight,
-               0);
-    for (const CEditPage* each : m_pages) {
-        page = page.expandedTo({0, each->minimumSizeHint().height()});
+    int pageHeight = 0;
+    for (const CEditPage* page : m_pages) {
+        pageHeight = std::max(pageHeight, page->minimumSizeHint().height());
     }
-    const auto* hostWidget = qobject_cast<const QWidget*>(m_host.window());
-    const QRect available =
-        (hostWidget != nullptr ? hostWidget : this)->screen()->availableGeometry();
-    const QSize size = m_layout.dialogSize(page).boundedTo(available.size());
-    setMinimumSize(size.boundedTo(m_layout.dialogSize({kOrdinaryPageWidth, page.height()})));
-    QRect frame({}, size);
-    frame.moveCenter(hostWidget != nullptr ? hostWidget->window()->frameGeometry().center()
-                                           : available.center());
-    frame.moveLeft(
-        std::clamp(frame.left(), available.left(), available.right() + 1 - size.width()));
-    frame.moveTop(std::clamp(frame.top(), available.top(), available.bottom() + 1 - size.height()));
-    setGeometry(frame);
+    const int pageWidth =
+        kOrdinaryPageWidth * std::max(fontHeight, kOrdinaryFontHeight) / kOrdinaryFontHeight;
+    const auto* host = qobject_cast<const QWidget*>(m_host.window());
+    const QRect available = (host != nullptr ? host : this)->screen()->availableGeometry();
+    setMinimumSize(m_layout.dialogSize({}));
+    setGeometry(placedDialog(
+        m_layout.dialogSize({pageWidth, pageHeight}), minimumSize(), available,
+        host != nullptr ? host->window()->frameGeometry().center() : available.center()));
 }
 
 void CImageProcessDialog::resizeEvent(QResizeEvent* event) {
@@ -266,7 +224,8 @@ void CImageProcessDialog::paintEvent(QPaintEvent* event) {
     painter.fillRect(QRect(5, line, width() - 6, 1), kHeaderLine);
     painter.fillRect(mirrored({m_layout.page(size()).left() - 1, line, 1, height() - 7 - line}),
                      kHeaderLine);
-    const QRect mat = m_canvas->geometry().adjusted(-kMat, -kMat, kMat, kMat);
+    const QRect mat =
+        m_canvas->geometry().adjusted(-kCanvasMat, -kCanvasMat, kCanvasMat, kCanvasMat);
     skin::drawFace(painter, mat, GetFrameBrush(), skin::kBorder);
 }
 

@@ -62,8 +62,6 @@ protected:
 
 private:
     void BuildTemplateControls();
-    void BuildToolPanel();
-    void BuildTabBar();
     void BuildPages(const QString& baseFolder);
     void Connect();
     void FitToContents();

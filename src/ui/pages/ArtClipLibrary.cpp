@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <limits>
 #include <map>
 
 #include "base/IniFile.h"
@@ -10,14 +11,16 @@ namespace vellora {
 namespace {
 
 constexpr qsizetype kMaxTextLength = 259;
+constexpr qsizetype kMaxDigits = 10;
 
 /// The number at the start of a text, as profile integers are read; 0 without one.
 int leadingNumber(const QString& text) {
     qsizetype end = 0;
-    while (end < text.size() && end < 9 && text[end] >= u'0' && text[end] <= u'9') {
+    while (end < text.size() && end < kMaxDigits && text[end] >= u'0' && text[end] <= u'9') {
         ++end;
     }
-    return text.left(end).toInt();
+    return static_cast<int>(
+        std::min<qint64>(text.left(end).toLongLong(), std::numeric_limits<int>::max()));
 }
 
 /// The sections of styles by number. The count in the file is only an upper bound.

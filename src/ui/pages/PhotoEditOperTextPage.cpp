@@ -58,7 +58,7 @@ void CPhotoEditOperTextPage::BuildControls() {
     setWindowTitle(QStringLiteral("Text"));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(kPageMargin, kPageMargin, kPageMargin, kPageMargin);
-    layout->setSpacing(kPageSpacing);
+    layout->setSpacing(kPageSpacing - 2);
     BuildFontRow(*layout);
     BuildStyleRow(*layout);
     layout->addWidget(m_effects, 1);
@@ -105,22 +105,21 @@ void CPhotoEditOperTextPage::BuildStyleRow(QBoxLayout& page) {
 }
 
 void CPhotoEditOperTextPage::BuildCommands(QBoxLayout& page) {
-    auto* grid = new QGridLayout;
-    grid->setSpacing(kPageSpacing);
-    grid->setColumnStretch(0, 1);
-    grid->setColumnStretch(1, 1);
-    const auto add = [&](int id, const char* text, skin::Icon icon, int row, int column) {
+    auto* column = new QVBoxLayout;
+    column->setSpacing(kPageSpacing / 2);
+    const auto add = [&](int id, const char* text, skin::Icon icon) {
         auto* button = withId(new QPushButton(QString::fromLatin1(text), this), id);
         button->setIcon(skin::makeIcon(icon));
         button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-        grid->addWidget(button, row, column);
+        column->addWidget(button);
         return button;
     };
-    m_addText = add(1258, "Add Text", skin::Icon::AddText, 0, 0);
-    m_addMacros = add(1259, "Add Macros Text", skin::Icon::Macro, 0, 1);
-    m_toAll = add(1358, "Add Selected to All", skin::Icon::Album, 1, 0);
-    m_delete = add(1385, "Delete Selected Object", skin::Icon::Delete, 1, 1);
-    page.addLayout(grid);
+    m_addText = add(1258, "Add Text", skin::Icon::AddText);
+    m_addMacros = add(1259, "Add Macros Text", skin::Icon::Macro);
+    m_toAll = add(1358, "Add Selected to All", skin::Icon::Album);
+    m_delete = add(1385, "Delete Selected Object", skin::Icon::Delete);
+    skin::setPrimary(*m_addText);
+    page.addLayout(column);
 }
 
 void CPhotoEditOperTextPage::DescribeControls() {

@@ -63,6 +63,7 @@ void CPhotoInfoEditPage::BuildControls() {
         withId(new CTransparentStatic(QStringLiteral("Description:"), this), kDescriptionLabel);
     title->setBuddy(m_title);
     description->setBuddy(m_descriptionEdit);
+    m_title->setTextMargins(2, 0, 2, 0);
     m_descriptionEdit->setTabChangesFocus(true);
     m_descriptionEdit->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     Translate();

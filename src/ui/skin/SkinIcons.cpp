@@ -173,7 +173,10 @@ public:
     explicit PathIconEngine(Icon icon) : m_icon(icon) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
-        drawIcon(*painter, rect, m_icon, mode == QIcon::Disabled ? kDisabledText : kText);
+        const QColor ink = mode == QIcon::Disabled   ? kDisabledText
+                           : mode == QIcon::Selected ? kAccentText
+                                                     : kText;
+        drawIcon(*painter, rect, m_icon, ink);
     }
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
         QPixmap pixmap(size);

@@ -63,6 +63,32 @@ void drawButtonFace(QPainter& painter, const QStyleOption& option, const QWidget
     }
 }
 
+/// Icon and text together in the middle; a text that is too long is cut.
+void drawButtonLabel(QPainter& painter, const QStyleOptionButton& button, const QWidget* widget) {
+    const bool enabled = has(button, QStyle::State_Enabled);
+    const bool primary = isPrimary(widget) && enabled;
+    const int icon = button.icon.isNull() ? 0 : button.iconSize.width();
+    const int gap = icon > 0 && !button.text.isEmpty() ? 7 : 0;
+    const QRect room = button.rect.adjusted(5, 0, -5, 0);
+    const QString text = button.fontMetrics.elidedText(
+        button.text, Qt::ElideRight, room.width() - icon - gap, Qt::TextShowMnemonic);
+    const int width = button.fontMetrics.size(Qt::TextShowMnemonic, text).width();
+    QRect label(0, room.top(), icon + gap + width, room.height());
+    label.moveLeft(room.left() + (room.width() - label.width()) / 2);
+    const auto placed = [&](int left, int size) {
+        return QStyle::visualRect(button.direction, label,
+                                  {label.left() + left, label.top(), size, label.height()});
+    };
+    button.icon.paint(&painter, placed(0, icon), Qt::AlignCenter,
+                      primary   ? QIcon::Selected
+                      : enabled ? QIcon::Normal
+                                : QIcon::Disabled);
+    painter.setPen(primary   ? kAccentText
+                   : enabled ? button.palette.color(QPalette::ButtonText)
+                             : kDisabledText);
+    painter.drawText(placed(icon + gap, width), Qt::AlignCenter | Qt::TextShowMnemonic, text);
+}
+
 void drawField(QPainter& painter, const QStyleOption& option) {
     const bool enabled = has(option, QStyle::State_Enabled);
     drawFace(painter, option.rect, enabled ? kPage : kWindowTop, borderOf(option));
@@ -148,16 +174,17 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
 
 void SkinStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                             const QWidget* widget) const {
-    if (element == CE_PushButtonLabel) {
+    if (element == CE_RadioButtonLabel || element == CE_CheckBoxLabel) {
         if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
             QStyleOptionButton label(*button);
-            if (isPrimary(widget) && has(*option, State_Enabled)) {
-                label.palette.setColor(QPalette::ButtonText, kAccentText);
-            }
-            const int icon = label.icon.isNull() ? 0 : label.iconSize.width() + 6;
-            label.text = label.fontMetrics.elidedText(
-                label.text, Qt::ElideRight, label.rect.width() - icon - 8, Qt::TextShowMnemonic);
+            label.text = label.fontMetrics.elidedText(label.text, Qt::ElideRight,
+                                                      label.rect.width(), Qt::TextShowMnemonic);
             return QProxyStyle::drawControl(element, &label, painter, widget);
+        }
+    }
+    if (element == CE_PushButtonLabel) {
+        if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
+            return drawButtonLabel(*painter, *button, widget);
         }
     }
     QProxyStyle::drawControl(element, option, painter, widget);
@@ -174,6 +201,7 @@ int SkinStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
         case PM_ScrollBarExtent:
             return kScrollBar;
         case PM_SliderThickness:
+            return kSliderHandle + 2;
         case PM_SliderControlThickness:
         case PM_SliderLength:
             return kSliderHandle;
@@ -199,6 +227,63 @@ int SkinStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
 }
 
 namespace {
+
+/// A heading over the whole width, and what is below it.
+QRect groupBoxPart(const QStyleOption& box, QStyle::SubControl part) {
+    const int heading = box.fontMetrics.height() + 4;
+    const QRect& rect = box.rect;
+    if (part == QStyle::SC_GroupBoxLabel) {
+        return {rect.left(), rect.top(), rect.width(), heading};
+    }
+    if (part == QStyle::SC_GroupBoxContents || part == QStyle::SC_GroupBoxFrame) {
+        return rect.adjusted(0, heading, 0, 0);
+    }
+    return {};
+}
+
+QRect sliderPart(const QStyleOptionSlider& slider, QStyle::SubControl part) {
+    if (part == QStyle::SC_SliderGroove) {
+        return slider.rect;
+    }
+    if (part != QStyle::SC_SliderHandle) {
+        return {};
+    }
+    const QRect& rect = slider.rect;
+    const int start =
+        QStyle::sliderPositionFromValue(slider.minimum, slider.maximum, slider.sliderPosition,
+                                        rect.width() - kSliderHandle, slider.upsideDown);
+    return {rect.left() + start, rect.top() + (rect.height() - kSliderHandle) / 2, kSliderHandle,
+            kSliderHandle};
+}
+
+QRect scrollBarPart(const QStyleOptionSlider& bar, QStyle::SubControl part) {
+    if (part == QStyle::SC_ScrollBarGroove) {
+        return bar.rect;
+    }
+    const bool across = bar.orientation == Qt::Horizontal;
+    const int length = across ? bar.rect.width() : bar.rect.height();
+    const qint64 range = static_cast<qint64>(bar.maximum) - bar.minimum;
+    const qint64 total = std::max<qint64>(range + bar.pageStep, 1);
+    const int handle =
+        std::clamp(static_cast<int>(static_cast<qint64>(length) * bar.pageStep / total),
+                   std::min(24, length), length);
+    const int start = QStyle::sliderPositionFromValue(bar.minimum, bar.maximum, bar.sliderPosition,
+                                                      length - handle, bar.upsideDown);
+    const auto span = [&](int from, int size) {
+        return across ? QRect(from, 0, size, bar.rect.height())
+                      : QRect(0, from, bar.rect.width(), size);
+    };
+    switch (part) {
+        case QStyle::SC_ScrollBarSlider:
+            return span(start, handle);
+        case QStyle::SC_ScrollBarSubPage:
+            return span(0, start);
+        case QStyle::SC_ScrollBarAddPage:
+            return span(start + handle, length - start - handle);
+        default:
+            return {};  // there are no arrow buttons
+    }
+}
 
 void drawSlider(QPainter& painter, const QStyleOptionSlider& slider, const QRect& groove,
                 const QRect& handle) {
@@ -270,37 +355,14 @@ void SkinStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
 
 QRect SkinStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
                                 SubControl subControl, const QWidget* widget) const {
+    if (control == CC_GroupBox) {
+        return groupBoxPart(*option, subControl);
+    }
+    if (control == CC_Slider) {
+        return sliderPart(*static_cast<const QStyleOptionSlider*>(option), subControl);
+    }
     if (control == CC_ScrollBar) {
-        if (subControl == SC_ScrollBarAddLine || subControl == SC_ScrollBarSubLine) {
-            return {};
-        }
-        const auto& bar = *static_cast<const QStyleOptionSlider*>(option);
-        const bool across = bar.orientation == Qt::Horizontal;
-        const int length = across ? bar.rect.width() : bar.rect.height();
-        if (subControl == SC_ScrollBarGroove) {
-            return bar.rect;
-        }
-        const qint64 range = static_cast<qint64>(bar.maximum) - bar.minimum;
-        const qint64 total = std::max<qint64>(range + bar.pageStep, 1);
-        const int handle =
-            std::clamp(static_cast<int>(static_cast<qint64>(length) * bar.pageStep / total),
-                       std::min(24, length), length);
-        const int start = sliderPositionFromValue(bar.minimum, bar.maximum, bar.sliderPosition,
-                                                  length - handle, bar.upsideDown);
-        const auto span = [&](int from, int size) {
-            return across ? QRect(from, 0, size, bar.rect.height())
-                          : QRect(0, from, bar.rect.width(), size);
-        };
-        switch (subControl) {
-            case SC_ScrollBarSlider:
-                return span(start, handle);
-            case SC_ScrollBarSubPage:
-                return span(0, start);
-            case SC_ScrollBarAddPage:
-                return span(start + handle, length - start - handle);
-            default:
-                return {};
-        }
+        return scrollBarPart(*static_cast<const QStyleOptionSlider*>(option), subControl);
     }
     return QProxyStyle::subControlRect(control, option, subControl, widget);
 }

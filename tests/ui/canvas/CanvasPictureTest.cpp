@@ -1,7 +1,10 @@
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDropEvent>
 #include <QMimeData>
+#include <QMouseEvent>
+#include <QThread>
 #include <QUrl>
+#include <QtTest>
 
 #include <vellora/filters/FilterCatalogue.h>
 #include <vellora/filters/PhotoProcessor.h>
@@ -13,6 +16,26 @@ namespace vellora {
 namespace {
 
 using CanvasPictureTest = test::CanvasFixture;
+
+/// An effect that takes its time and notes what the user sees meanwhile.
+class SlowFilter : public COpencvFilterInterface {
+public:
+    SlowFilter() { is_art_effect = 1; }
+
+    bool Apply(IplImage** /*image*/) override {
+        ++applied;
+        sawWaitCursor = QApplication::overrideCursor() != nullptr &&
+                        QApplication::overrideCursor()->shape() == Qt::WaitCursor;
+        QThread::msleep(milliseconds);
+        return true;
+    }
+    [[nodiscard]] COpencvFilterInterface* Clone() const override { return new SlowFilter; }
+    [[nodiscard]] const char16_t* GetName() const override { return u"Slow"; }
+
+    unsigned long milliseconds = 260;
+    int applied = 0;
+    bool sawWaitCursor = false;
+};
 
 TEST_F(CanvasPictureTest, TheCropFrameFollowsItsModeAndDrags) {
     m_canvas.SetCropMode(1);
@@ -76,8 +99,43 @@ TEST_F(CanvasPictureTest, TheLiveFilterIsShownButNotRecorded) {
     EXPECT_EQ(shownAt({300, 200}), QColor(55, 55, 55));
 }
 
+TEST_F(CanvasPictureTest, IntermediateSliderPositionsAreSkipped) {
+    QCoreApplication::processEvents();
+    SlowFilter filter;
+    filter.milliseconds = 1;
+    m_record->GetProcessor()->SetCurrentFilter(&filter);
+    for (int position = 0; position < 20; ++position) {
+        m_canvas.Redraw();
+    }
+    EXPECT_TRUE(QTest::qWaitFor([&] { return filter.applied > 0; }, 2000));
+    QTest::qWait(20);
+    EXPECT_EQ(filter.applied, 1);
+    // Moving a sprite does not apply it again.
+    addClip({100, 100, 100, 100});
+    drag({150, 150}, {300, 300});
+    shown();
+    EXPECT_EQ(filter.applied, 1);
+    m_record->GetProcessor()->SetCurrentFilter(nullptr);
+}
+
+TEST_F(CanvasPictureTest, SlowEffectsShowTheWaitCursor) {
+    SlowFilter filter;
+    m_record->GetProcessor()->SetCurrentFilter(&filter);
+    const auto sawWaitCursorIn = [&](unsigned long milliseconds) {
+        filter.milliseconds = milliseconds;
+        m_canvas.Redraw();
+        shown();
+        return filter.sawWaitCursor;
+    };
+    EXPECT_TRUE(sawWaitCursorIn(260)) << "an effect that is not known yet";
+    EXPECT_TRUE(sawWaitCursorIn(1)) << "it was slow the last time";
+    EXPECT_FALSE(sawWaitCursorIn(1));
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    m_record->GetProcessor()->SetCurrentFilter(nullptr);
+}
+
 TEST_F(CanvasPictureTest, TheMarkerPlacesTheRegionOfAFilter) {
-    open(QColor(40, 40, 200));
+    open(QColor(200, 40, 40));
     const std::unique_ptr<COpencvFilterInterface> redEye(CreateFilterByName(u"Red Eye Removal"));
     CPhotoProcessor& processor = *m_record->GetProcessor();
     processor.SetCurrentFilter(redEye.get());
@@ -86,6 +144,25 @@ TEST_F(CanvasPictureTest, TheMarkerPlacesTheRegionOfAFilter) {
     auto* marker = m_canvas.findChild<FilterMarker*>();
     ASSERT_TRUE(marker->isVisible());
     EXPECT_EQ(marker->geometry(), QRect(290, 215, 20, 20));
+    EXPECT_EQ(shownAt({301, 226}), QColor(40, 40, 40)) << "red eyes are painted away";
+    EXPECT_EQ(shownAt({150, 120}), QColor(200, 40, 40));
+    // Dragged to another place, with the mouse on the marker and then with the keys.
+    const auto send = [&](QEvent::Type type, QPoint point, Qt::MouseButtons buttons) {
+        QMouseEvent event(type, point, marker->mapToGlobal(point), Qt::LeftButton, buttons,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(marker, &event);
+    };
+    send(QEvent::MouseButtonPress, {10, 10}, Qt::LeftButton);
+    send(QEvent::MouseMove, {-140, -100}, Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, {10, 10}, Qt::NoButton);
+    EXPECT_EQ(marker->pos(), QPoint(140, 105));
+    EXPECT_EQ(shownAt({151, 116}), QColor(40, 40, 40));
+    EXPECT_EQ(shownAt({301, 226}), QColor(200, 40, 40));
+    QTest::keyClick(marker, Qt::Key_Left, Qt::ShiftModifier);
+    EXPECT_EQ(marker->pos(), QPoint(130, 105));
+    send(QEvent::MouseButtonPress, {10, 10}, Qt::LeftButton);
+    send(QEvent::MouseMove, {9000, 9000}, Qt::LeftButton);
+    EXPECT_EQ(marker->pos(), QPoint(580, 430)) << "it stays on the photo";
     m_canvas.ShowFilterMarker(false);
     EXPECT_FALSE(marker->isVisible());
     processor.SetCurrentFilter(nullptr);
