@@ -16,7 +16,8 @@ namespace vellora {
 namespace {
 
 // Names are "Filter/<name>/<megapixels>" and "Limit/<work>/<megapixels>"; the counter "s/MP" is
-// the processor time per megapixel on one thread. scripts/filter-ratios.py sets one against the other.
+// the processor time per megapixel on one thread. scripts/filter-ratios.py sets one against the
+// other.
 
 using Work = std::function<void(cv::Mat&)>;
 
