@@ -6,8 +6,7 @@
 #include <numbers>
 #include <vector>
 
-#include "base/ImageView.h"
-#include "filters/ImagePreflight.h"
+#include "filters/PaintFromCopy.h"
 #include "filters/StageScale.h"
 
 namespace vellora {
@@ -230,22 +229,17 @@ void ripple(const cv::Mat& source, cv::Mat& target, const Water& water) {
 CWaveFilter::CWaveFilter() : FactorFilter(kParams, FilterCategory::ArtEffect, {730, 65, 70}) {}
 
 bool CWaveFilter::Apply(IplImage** image) {
-    cv::Mat target = bgrView(image);
-    if (target.empty()) {
-        return false;
-    }
-    const ImagePtr copy = copyImage(target);
-    if (copy == nullptr) {
-        return false;
-    }
     // Factors come from files too; beyond these bounds nothing more would be seen.
     const auto bounded = [this](std::size_t k, int low, int high) {
         return static_cast<float>(std::clamp(factor(k), low, high));
     };
-    const Water water =
-        makeWater(target.size(), bounded(0, 10, 100'000) / 5000.0F, bounded(1, 0, 1000) / 1000.0F,
-                  bounded(2, 0, 400) / 100.0F, kCrossSwell, kChop, kShine);
-    ripple(cv::cvarrToMat(copy.get()), target, water);
+    const float length = bounded(0, 10, 100'000) / 5000.0F;
+    const float height = bounded(1, 0, 1000) / 1000.0F;
+    const float refraction = bounded(2, 0, 400) / 100.0F;
+    paintFromCopy(image, [&](const cv::Mat& source, cv::Mat& target) {
+        ripple(source, target,
+               makeWater(source.size(), length, height, refraction, kCrossSwell, kChop, kShine));
+    });
     return false;
 }
 
