@@ -26,6 +26,8 @@ inline constexpr std::size_t kMaxTextLength = 4'096;
 inline constexpr double kMaxWork = 6.0e6;
 inline constexpr double kFrameFillWork = 2'048;
 inline constexpr double kItemWork = 12;
+/// For each point of a line, beside those of its outline.
+inline constexpr double kStrokeWork = 4;
 inline constexpr double kGlyphWork = 40;
 inline constexpr double kFontWork = 4'096;
 

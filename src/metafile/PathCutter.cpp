@@ -1,10 +1,8 @@
 #include "metafile/PathCutter.h"
 
-#include <QLineF>
 #include <QPolygonF>
 #include <algorithm>
 #include <array>
-#include <optional>
 
 namespace vellora::metafile {
 namespace {
@@ -45,22 +43,6 @@ QPolygonF cutAtBorder(const QPolygonF& polygon, const Border& border) {
     return kept;
 }
 
-std::optional<QLineF> cutSegment(QLineF line, const QRectF& area) {
-    for (const Border& border : bordersOf(area)) {
-        const double from = border.depth(line.p1());
-        const double to = border.depth(line.p2());
-        if (from < 0 && to < 0)
-            return {};
-        const QPointF meeting =
-            (from < 0) != (to < 0) ? crossing(line.p1(), from, line.p2(), to) : QPointF();
-        if (from < 0)
-            line.setP1(meeting);
-        else if (to < 0)
-            line.setP2(meeting);
-    }
-    return line;
-}
-
 }  // namespace
 
 QPainterPath cutFilled(const QPainterPath& path, const QRectF& area) {
@@ -72,21 +54,6 @@ QPainterPath cutFilled(const QPainterPath& path, const QRectF& area) {
         if (polygon.size() > 2) {
             result.addPolygon(polygon);
             result.closeSubpath();
-        }
-    }
-    return result;
-}
-
-QPainterPath cutLine(const QPainterPath& path, const QRectF& area) {
-    QPainterPath result;
-    for (const QPolygonF& polygon : path.toSubpathPolygons()) {
-        for (qsizetype i = 1; i < polygon.size(); ++i) {
-            const std::optional<QLineF> kept = cutSegment({polygon[i - 1], polygon[i]}, area);
-            if (!kept)
-                continue;
-            if (result.isEmpty() || result.currentPosition() != kept->p1())
-                result.moveTo(kept->p1());
-            result.lineTo(kept->p2());
         }
     }
     return result;

@@ -9,7 +9,4 @@ namespace vellora::metafile {
 /// the points alone, however far away they lie.
 QPainterPath cutFilled(const QPainterPath& path, const QRectF& area);
 
-/// The same for the line along a path; lines that leave the area and come back are parted.
-QPainterPath cutLine(const QPainterPath& path, const QRectF& area);
-
 }  // namespace vellora::metafile

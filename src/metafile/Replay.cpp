@@ -13,7 +13,6 @@ namespace {
 /// time beyond measure on paths of strangers.
 constexpr double kSafeDevice = 30'000;
 constexpr double kMargin = 64;
-constexpr double kFarMiter = 2;
 
 /// The painter's surface, seen in the coordinates of the list.
 struct Surface {
@@ -46,15 +45,6 @@ public:
             m_painter.fillPath(cutFilled(item.path, m_surface.visible), item.brush);
     }
 
-    void stroke(const StrokeItem& item, const QTransform& penSpace) const {
-        const bool ownSpace = item.penSpace != 0;
-        if (ownSpace)
-            m_painter.setTransform(penSpace * m_toPainter);
-        strokeIn(ownSpace ? Surface(m_painter, m_painter.deviceTransform()) : m_surface, item);
-        if (ownSpace)
-            m_painter.setTransform(m_toPainter);
-    }
-
     void operator()(const ImageItem& item) const {
         m_painter.setTransform(item.toDevice * m_toPainter);
         m_painter.setOpacity(m_painter.opacity() * item.opacity);
@@ -73,24 +63,6 @@ public:
     }
 
 private:
-    void strokeIn(const Surface& surface, const StrokeItem& item) const {
-        const double reach = item.pen.widthF() * kMaxMiter;
-        const QRectF bounds = item.path.controlPointRect().adjusted(-reach, -reach, reach, reach);
-        if (surface.safe.contains(bounds)) {
-            m_painter.strokePath(item.path, item.pen);
-            return;
-        }
-        const double widest = 2 * std::max(surface.visible.width(), surface.visible.height());
-        const double width = std::min(item.pen.widthF(), widest);
-        QPen pen = item.pen;
-        pen.setWidthF(width);
-        if (pen.joinStyle() == Qt::SvgMiterJoin)
-            pen.setMiterLimit(std::min(pen.miterLimit(), kFarMiter));
-        const double around = width * kFarMiter;
-        const QRectF area = surface.visible.adjusted(-around, -around, around, around);
-        m_painter.strokePath(cutLine(item.path, area), pen);
-    }
-
     /// Bilinear sampling skips pixels when an image is drawn much smaller, so it is averaged first.
     void drawReduced(const ImageItem& item) const {
         const QTransform onDevice = m_painter.deviceTransform();
@@ -138,12 +110,7 @@ void DisplayList::replay(QPainter& painter, const QTransform& toTarget, const QR
                 replayer.setClip(*m_clips[clip]);
             }
         }
-        if (const auto* stroke = std::get_if<StrokeItem>(&item.what))
-            replayer.stroke(*stroke, m_penSpaces[stroke->penSpace]);
-        else if (const auto* fill = std::get_if<FillItem>(&item.what))
-            replayer(*fill);
-        else
-            replayer(std::get<ImageItem>(item.what));
+        std::visit(replayer, item.what);
     }
     if (clip != 0)
         painter.restore();
