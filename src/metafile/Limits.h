@@ -14,7 +14,7 @@ inline constexpr std::int64_t kMaxBitmapPixels = 64LL << 20;
 /// Mapped coordinates are held inside this many device units.
 inline constexpr double kMaxCoordinate = 1.0e8;
 /// Dashes of one stroke, and lines of one hatched area; above, both are drawn solid.
-inline constexpr double kMaxDashes = 20'000;
+inline constexpr double kMaxDashes = 4'000;
 inline constexpr double kMaxHatchLines = 4'000;
 /// Clip shapes that are intersected exactly; of further ones the boxes are taken.
 inline constexpr std::size_t kMaxClipDepth = 16;

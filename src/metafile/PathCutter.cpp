@@ -1,6 +1,7 @@
 #include "metafile/PathCutter.h"
 
 #include <QPolygonF>
+#include <QTransform>
 #include <algorithm>
 #include <array>
 
@@ -45,14 +46,17 @@ QPolygonF cutAtBorder(const QPolygonF& polygon, const Border& border) {
 
 }  // namespace
 
-QPainterPath cutFilled(const QPainterPath& path, const QRectF& area) {
+QPainterPath cutFilled(const QPainterPath& path, const QRectF& area, double scale) {
+    const QTransform toPixels = QTransform::fromScale(scale, scale);
+    const QTransform back = QTransform::fromScale(1 / scale, 1 / scale);
+    const QRectF pixels = toPixels.mapRect(area);
     QPainterPath result;
     result.setFillRule(path.fillRule());
-    for (QPolygonF polygon : path.toSubpathPolygons()) {
-        for (const Border& border : bordersOf(area))
+    for (QPolygonF polygon : path.toSubpathPolygons(toPixels)) {
+        for (const Border& border : bordersOf(pixels))
             polygon = cutAtBorder(polygon, border);
         if (polygon.size() > 2) {
-            result.addPolygon(polygon);
+            result.addPolygon(back.map(polygon));
             result.closeSubpath();
         }
     }

@@ -9,15 +9,17 @@
 namespace vellora::metafile {
 namespace {
 
-/// Device coordinates that the rasteriser takes without cutting paths itself, which would cost
-/// time beyond measure on paths of strangers.
-constexpr double kSafeDevice = 30'000;
+/// Pixels outside the surface that paths may reach. The rasteriser visits all that a path crosses,
+/// and beyond 32,767 pixels it cuts paths by means that cost time beyond measure on those of
+/// strangers.
+constexpr double kSafeReach = 1'000;
 constexpr double kMargin = 64;
 
 /// The painter's surface, seen in the coordinates of the list.
 struct Surface {
     QRectF visible;
     QRectF safe;
+    double scale = 1;
 
     Surface(const QPainter& painter, const QTransform& toSurface) {
         bool invertible = false;
@@ -28,7 +30,8 @@ struct Surface {
         const double ratio = device.devicePixelRatioF();
         const QRectF all(0, 0, device.width() * ratio, device.height() * ratio);
         visible = back.mapRect(all.adjusted(-kMargin, -kMargin, kMargin, kMargin));
-        safe = back.mapRect(QRectF(-kSafeDevice, -kSafeDevice, 2 * kSafeDevice, 2 * kSafeDevice));
+        safe = back.mapRect(all.adjusted(-kSafeReach, -kSafeReach, kSafeReach, kSafeReach));
+        scale = std::sqrt(std::abs(toSurface.determinant()));
     }
 };
 
@@ -42,7 +45,8 @@ public:
         if (m_surface.safe.contains(bounds))
             m_painter.fillPath(item.path, item.brush);
         else
-            m_painter.fillPath(cutFilled(item.path, m_surface.visible), item.brush);
+            m_painter.fillPath(cutFilled(item.path, m_surface.visible, m_surface.scale),
+                               item.brush);
     }
 
     void operator()(const ImageItem& item) const {
@@ -58,7 +62,8 @@ public:
             if (m_surface.safe.contains(part.path.controlPointRect()))
                 m_painter.setClipPath(part.path, Qt::IntersectClip);
             else
-                m_painter.setClipPath(cutFilled(part.path, m_surface.visible), Qt::IntersectClip);
+                m_painter.setClipPath(cutFilled(part.path, m_surface.visible, m_surface.scale),
+                                      Qt::IntersectClip);
         }
     }
 
