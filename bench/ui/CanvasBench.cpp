@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QImage>
 #include <QTemporaryDir>
 #include <QWindow>
 #include <memory>
@@ -25,22 +24,12 @@
 namespace vellora {
 namespace {
 
-QImage scenery(int width, int height) {
-    QImage image(width, height, QImage::Format_RGB32);
-    for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) {
-            image.setPixel(x, y, qRgb((x * 3 + y) / 7 % 256, (x ^ y) % 256, (y * 5 - x) / 9 % 256));
-        }
-    }
-    return image;
-}
-
 /// A shown canvas with a photo and, if wanted, ten styled texts and ten vector clips.
 class Desk {
 public:
     explicit Desk(bool withSprites) : m_canvas(m_session) {
         const QString path = m_folder.filePath(QStringLiteral("photo.png"));
-        scenery(1200, 900).save(path);
+        benchScenery(1200, 900).save(path);
         setHostText(m_node.path, path);
         m_record.BindNode(&m_node, &m_album);
         m_record.GetProcessor()->Rebuild(true);

@@ -90,8 +90,12 @@ void CEditTrans::paintEvent(QPaintEvent* event) {
         QColor tint = m_outline;
         tint.setAlpha(50);
         painter.fillRect(viewport()->rect(), tint);
+        // Dots on a line, so that it shows on light and on dark.
+        const QRect edge = viewport()->rect().adjusted(0, 0, -1, -1);
+        painter.setPen(QPen(m_outline == Qt::black ? Qt::white : Qt::black, 1.0));
+        painter.drawRect(edge);
         painter.setPen(QPen(m_outline, 1.0, Qt::DotLine));
-        painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
+        painter.drawRect(edge);
     }
     QPlainTextEdit::paintEvent(event);
 }

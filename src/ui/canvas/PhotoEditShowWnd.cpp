@@ -75,6 +75,7 @@ void CPhotoEditShowWnd::SetSlide(int index, int count) {
 
 void CPhotoEditShowWnd::SetCropMode(int mode) {
     if (m_crop.setMode(mode, m_session.placedPhoto())) {
+        m_drag.end();
         unsetCursor();
         update();
     }
@@ -237,6 +238,7 @@ void CPhotoEditShowWnd::Announce(CDVDImageSprite& sprite) {
 void CPhotoEditShowWnd::DropCropFrame() {
     if (!m_crop.isEmpty()) {
         m_crop.drop();
+        m_drag.end();
         unsetCursor();
         update();
         Q_EMIT CropFrameDropped();

@@ -156,8 +156,8 @@ TEST_F(TextEditingTest, LeavingThePhotoCommitsTheEditorToIt) {
     CDVDImageText* text = addText({50, 50}, QStringLiteral("Words"));
     doubleClick({60, 60});
     type(QStringLiteral("!"));
-    const std::unique_ptr<CDVDImage> old = std::move(m_record);
     const std::unique_ptr<_PHOTO_LIST_NODE> oldNode = std::move(m_node);
+    const std::unique_ptr<CDVDImage> old = std::move(m_record);
     m_record = std::make_unique<CDVDImage>();
     m_session.setPhoto(m_record.get(), &m_album);
     EXPECT_FALSE(m_canvas.IsEditorOpen());
