@@ -9,6 +9,7 @@
 #include <vector>
 
 #include <benchmark/benchmark.h>
+#include <malloc.h>
 #include <pugixml.hpp>
 
 #include <vellora/base/HostText.h>
@@ -117,6 +118,7 @@ private:
 class PeakMemory {
 public:
     static void restart() {
+        malloc_trim(0);
         QFile file(QStringLiteral("/proc/self/clear_refs"));
         if (file.open(QIODevice::WriteOnly)) {
             file.write("5");

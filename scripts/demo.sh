@@ -47,7 +47,7 @@ fi
 printf '\nThe pictures are in %s:\n' "$results"
 ls "$results"
 
-desktop="$top/build/release/apps/vellora-desktop/vellora-desktop"
+desktop="$top/build/release/apps/desktop/vellora-desktop"
 if [ -x "$desktop" ] && [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
     "$desktop" "$photos"/*.jpg
 fi

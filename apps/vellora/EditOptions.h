@@ -30,6 +30,9 @@ public:
 private:
     void add(CLI::App& command, const std::string& name, const std::string& form,
              const std::string& help, const EditReader& reader);
+    void addFlag(CLI::App& command, const std::string& name, const std::string& help,
+                 void (*setter)(Edits& edits, bool on));
+    void addTextOptions(CLI::App& command);
 
     std::vector<std::pair<EditReader, std::string>> m_given;
 };

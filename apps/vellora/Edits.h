@@ -6,6 +6,7 @@
 #include <vector>
 
 #include <vellora/filters/FilterInterface.h>
+#include <vellora/text/TextStyle.h>
 
 namespace vellora {
 class CDVDImage;
@@ -21,6 +22,10 @@ struct Edits {
     std::vector<Edit> steps;
     /// The filter that a region belongs to; null before the first region filter.
     std::shared_ptr<COpencvFilterInterface> regionFilter;
+    /// The style of the texts that follow; a style of the catalogue keeps a size that was asked
+    /// for.
+    TextStyle textStyle;
+    bool hasFontSize = false;
     /// Files that the edits read; no result may replace them.
     QStringList files;
 

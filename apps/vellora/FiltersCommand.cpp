@@ -9,6 +9,7 @@
 
 #include "Commands.h"
 #include "Console.h"
+#include "FilterSheet.h"
 
 namespace vellora::cli {
 namespace {
@@ -90,14 +91,47 @@ int runFilters(bool json) {
     return kAllDone;
 }
 
+struct FiltersArguments {
+    bool json = false;
+    std::string sheet;
+    std::string photo;
+    bool fullSize = false;
+    std::uint32_t seed = 1;
+};
+
+int runSheet(const FiltersArguments& arguments) {
+    const QString problem = writeFilterSheet({QString::fromStdString(arguments.sheet),
+                                              QString::fromStdString(arguments.photo),
+                                              arguments.fullSize, arguments.seed});
+    if (!problem.isEmpty()) {
+        printError(printable(problem));
+        return kSomeFailed;
+    }
+    return kAllDone;
+}
+
 }  // namespace
 
 Command addFiltersCommand(CLI::App& program) {
     CLI::App* command = program.add_subcommand(
         "filters", "The catalogue: name, category, parameters with their ranges");
-    auto json = std::make_shared<bool>(false);
-    command->add_flag("--json", *json, "The catalogue as one JSON array");
-    return {command, [json] { return runFilters(*json); }};
+    auto arguments = std::make_shared<FiltersArguments>();
+    command->add_flag("--json", arguments->json, "The catalogue as one JSON array");
+    auto* sheet = command->add_option("--sheet", arguments->sheet,
+                                      "Write a contact sheet of all filters to this PNG file");
+    sheet->option_text("FILE.png");
+    command->add_option("--photo", arguments->photo, "The photo on the sheet")
+        ->option_text("PHOTO")
+        ->needs(sheet);
+    command->add_flag("--full-size", arguments->fullSize, "Filter the whole photo, not its preview")
+        ->needs(sheet);
+    command->add_option("--seed", arguments->seed, "Seed of the random filters on the sheet")
+        ->option_text("N")
+        ->needs(sheet);
+    return {command, [arguments] {
+                return arguments->sheet.empty() ? runFilters(arguments->json)
+                                                : runSheet(*arguments);
+            }};
 }
 
 }  // namespace vellora::cli

@@ -7,8 +7,6 @@
 #include <iterator>
 #include <memory>
 
-#include <opencv2/core/core_c.h>
-
 #include <vellora/base/HostText.h>
 #include <vellora/filters/PhotoProcessor.h>
 #include <vellora/filters/RandomSeed.h>
@@ -16,6 +14,8 @@
 #include <vellora/model/DVDImage.h>
 
 #include "Console.h"
+#include "common/Assets.h"
+#include "common/Picture.h"
 
 namespace vellora::cli {
 namespace {
@@ -32,43 +32,10 @@ Node addNode(CImageObj& show, _PHOTO_LIST_NODE& photo) {
     return {node, ReleaseNode};
 }
 
-QString prepare(_PHOTO_LIST_NODE& record, const QString& photo, const RenderOptions& options) {
-    PhotoInfo info;
-    QString reason;
-    if (!ReadPhotoInfo(photo, &info, &reason)) {
-        return reason;
-    }
-    const QString path = QFileInfo(photo).absoluteFilePath();
-    if (path.size() >= kPathCapacity) {
-        return QStringLiteral("its path has more than %1 characters").arg(kPathCapacity - 1);
-    }
-    setHostText(record.path, path);
-    options.fillRecord(record, info);
-    return {};
-}
-
-/// The finished picture; its bytes are filled by the module directly.
-QImage outputImage(_HNODE& node, bool preview) {
-    QImage picture;
-    const int request = preview ? 1 : 0;
-    const auto supply = [&picture](IplImage** out, int width, int height) {
-        picture = QImage(width, height, QImage::Format_BGR888);
-        if (!picture.isNull()) {
-            *out = cvCreateImageHeader(cvSize(width, height), IPL_DEPTH_8U, 3);
-            cvSetData(*out, picture.bits(), static_cast<int>(picture.bytesPerLine()));
-        }
-    };
-    IplImage* header = GetOutImg(&node, request, request, supply);
-    if (header == nullptr) {
-        return {};
-    }
-    cvReleaseImageHeader(&header);
-    ReleaseImgBuf(&node);
-    return picture;
-}
-
 QSize writeOutputImage(_HNODE& node, const QString& file, const RenderOptions& options) {
-    const QImage picture = outputImage(node, options.preview);
+    const QImage picture = hostkit::finishedPicture(
+        &node, options.preview ? hostkit::Detail::Preview : hostkit::Detail::Full);
+    ReleaseImgBuf(&node);
     QImageWriter writer(file, options.suffix().toLatin1());
     if (options.png) {
         writer.setCompression(kPngCompression);
@@ -82,7 +49,7 @@ QSize writeJpegFile(CImageObj& show, const _PHOTO_LIST_NODE& photo, QSize own, c
                     const RenderOptions& options) {
     const QSize asked = options.size.isEmpty() ? QSize(0, 0) : options.size;
     show.SaveNodeToFile(file, 0, asked.width(), asked.height(), options.quality, 0, options.fit,
-                        options.background);
+                        photo.background);
     if (!QFileInfo::exists(file)) {
         return {};
     }
@@ -94,20 +61,44 @@ QSize writeJpegFile(CImageObj& show, const _PHOTO_LIST_NODE& photo, QSize own, c
 
 }  // namespace
 
-RenderOutcome PhotoRenderer::render(const QString& photo, const QString& file) const {
+QString prepareRecord(_PHOTO_LIST_NODE& record, const RenderItem& item,
+                      const RenderOptions& options) {
+    const QString path = QFileInfo(item.photo).absoluteFilePath();
+    if (path.size() >= kPathCapacity) {
+        return QStringLiteral("its path has more than %1 characters").arg(kPathCapacity - 1);
+    }
+    if (item.fields) {
+        hostkit::toRecord(*item.fields, record);
+    }
+    setHostText(record.path, path);
+    PhotoInfo info;
+    QString reason;
+    const bool isPhoto = ReadPhotoInfo(item.photo, &info, &reason);
+    if (isPhoto && !item.fields) {
+        options.placeUpright(record, info);
+    }
+    options.overrule(record);
+    return reason;
+}
+
+RenderOutcome PhotoRenderer::render(const RenderItem& item, const QString& file) const {
     RenderOutcome outcome;
     _PHOTO_LIST_NODE record{};
-    outcome.problem = prepare(record, photo, m_options);
+    outcome.problem = prepareRecord(record, item, m_options);
     if (!outcome.problem.isEmpty()) {
         return outcome;
     }
     CImageObj show;
+    show.SetTextEffectBaseFolder(hostkit::assetsFolder());
     const Node node = addNode(show, record);
     if (node == nullptr) {
         outcome.problem = QStringLiteral("there is not enough memory");
         return outcome;
     }
     CDVDImage& image = *node->data->image;
+    if (item.edits != nullptr) {
+        item.edits->applyTo(image, *show.GetAlbum(), item.position);
+    }
     m_edits.applyTo(image);
     if (m_options.seed) {
         FixRandomSeed(*m_options.seed);

@@ -4,6 +4,7 @@
 #include <QString>
 
 #include "Edits.h"
+#include "RenderList.h"
 #include "RenderOptions.h"
 
 namespace vellora::cli {
@@ -15,6 +16,12 @@ struct RenderOutcome {
     QSize size;            ///< Of the result.
 };
 
+/// Fills the host record of a photo.
+/// @return Why the photo cannot be rendered; the record then holds what is known all the same.
+///         Empty when all is well.
+QString prepareRecord(_PHOTO_LIST_NODE& record, const RenderItem& item,
+                      const RenderOptions& options);
+
 /// Renders photos one by one with the same options and edits.
 class PhotoRenderer {
 public:
@@ -23,7 +30,7 @@ public:
 
     /// Renders a photo into a new file. After a failure there is no such file; a failed write
     /// leaves the problem to the caller, who knows the folder: the size is then empty.
-    [[nodiscard]] RenderOutcome render(const QString& photo, const QString& file) const;
+    [[nodiscard]] RenderOutcome render(const RenderItem& item, const QString& file) const;
 
 private:
     const RenderOptions& m_options;

@@ -7,6 +7,9 @@
 
 #include <CLI/CLI.hpp>
 
+#include <vellora/model/DVDAlbumImage.h>
+#include <vellora/model/DVDImage.h>
+
 #include "Commands.h"
 #include "Console.h"
 #include "EditOptions.h"
@@ -14,7 +17,9 @@
 #include "OutputNames.h"
 #include "PhotoRenderer.h"
 #include "Progress.h"
+#include "RenderList.h"
 #include "RenderOptions.h"
+#include "common/Document.h"
 
 namespace vellora::cli {
 namespace {
@@ -29,21 +34,24 @@ struct RenderRequest {
 /// One run over all photos.
 class RenderRun {
 public:
-    RenderRun(const RenderOptions& options, const Edits& edits, const QStringList& photos)
+    RenderRun(const RenderOptions& options, const Edits& edits, const RenderList& list)
         : m_options(options),
-          m_photos(photos),
+          m_list(list),
+          m_photos(list.photos()),
           m_folder(options.folder, options.overwrite),
-          m_names(planResultNames(photos, edits.files, m_folder.dir(), options.suffix())),
+          m_names(planResultNames(m_photos, edits.files + list.files, m_folder.dir(),
+                                  options.suffix())),
           m_renderer(options, edits),
           m_progress(countOwn(), options.quiet) {}
 
     int run() {
-        bool allDone = true;
+        bool allDone = !m_list.incomplete;
         qsizetype number = 0;
         for (qsizetype index = 0; index < m_photos.size(); ++index) {
             if (m_options.shard.holds(index)) {
                 m_progress.show(++number, m_photos[index]);
-                allDone = renderOne(m_photos[index], m_names[index]) && allDone;
+                const RenderItem& item = m_list.items[static_cast<std::size_t>(index)];
+                allDone = renderOne(item, m_names[index]) && allDone;
             }
         }
         return allDone ? kAllDone : kSomeFailed;
@@ -58,20 +66,20 @@ private:
         return count;
     }
 
-    bool renderOne(const QString& photo, const QString& name) {
+    bool renderOne(const RenderItem& item, const QString& name) {
         RenderOutcome outcome;
         QString result;
         if (!m_folder.problem().isEmpty()) {
             outcome.problem = m_folder.problem();
         } else {
             const QString scratch = m_folder.scratchFile(m_options.suffix());
-            outcome = m_renderer.render(photo, scratch);
+            outcome = m_renderer.render(item, scratch);
             if (outcome.problem.isEmpty()) {
                 result = outcome.size.isEmpty() ? QString() : m_folder.publish(scratch, name);
                 outcome.problem = result.isEmpty() ? m_folder.writeProblem() : QString();
             }
         }
-        report(photo, name, result, outcome);
+        report(item.photo, name, result, outcome);
         return outcome.problem.isEmpty();
     }
 
@@ -113,31 +121,56 @@ private:
     }
 
     const RenderOptions& m_options;
-    const QStringList& m_photos;
+    const RenderList& m_list;
+    QStringList m_photos;
     OutputFolder m_folder;
     QStringList m_names;
     PhotoRenderer m_renderer;
     Progress m_progress;
 };
 
+/// Writes the edits of all photos, whichever of them this run renders.
+bool saveProject(const RenderList& list, const RenderOptions& options, const Edits& edits) {
+    hostkit::Document document;
+    std::shared_ptr<const ProjectEdits> album;
+    for (const RenderItem& item : list.items) {
+        _PHOTO_LIST_NODE record{};
+        prepareRecord(record, item, options);
+        CDVDImage& photo = document.addPhoto(record);
+        if (item.edits != nullptr) {
+            CDVDAlbumImage unused;
+            const bool isNew = item.edits != album;
+            item.edits->applyTo(photo, isNew ? *document.show().GetAlbum() : unused, item.position);
+            album = item.edits;
+        }
+        edits.applyTo(photo);
+    }
+    return document.show().SaveToXMLFile(options.saveProject) == S_OK;
+}
+
 int runRender(const RenderRequest& request) {
     const RenderOptions options = request.arguments.read();
     const Edits edits = request.edits.read();
-    QStringList photos;
-    for (const std::string& photo : request.photos) {
-        photos << QFile::decodeName(photo.c_str());
+    const RenderList list = RenderList::read(request.photos, options.project);
+    int status = RenderRun(options, edits, list).run();
+    if (!options.saveProject.isEmpty() && !saveProject(list, options, edits)) {
+        printError(QStringLiteral("%1: cannot be written").arg(printable(options.saveProject)));
+        status = kSomeFailed;
     }
-    return RenderRun(options, edits, photos).run();
+    return status;
 }
 
 }  // namespace
 
 Command addRenderCommand(CLI::App& program) {
-    CLI::App* command = program.add_subcommand("render", "Render each photo to a folder");
+    CLI::App* command = program.add_subcommand(
+        "render", "Render each photo to a folder; a slideshow file stands for its photos");
     auto request = std::make_shared<RenderRequest>();
     request->arguments.addTo(*command);
     request->edits.addTo(*command);
-    command->add_option("PHOTO", request->photos, "The photos")->type_name("")->required();
+    command->add_option("PHOTO", request->photos, "Photos and slideshow files (*.vshow)")
+        ->type_name("")
+        ->required();
     return {command, [request] { return runRender(*request); }};
 }
 

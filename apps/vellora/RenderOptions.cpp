@@ -43,17 +43,25 @@ RenderOptions::Fit toFit(const std::string& name) {
 
 }  // namespace
 
-void RenderOptions::fillRecord(_PHOTO_LIST_NODE& photo, const PhotoInfo& info) const {
-    const PhotoInfo upright = asStored ? PhotoInfo{} : info;
-    photo.rotation = rotation.value_or(upright.rotation);
-    photo.flip_x = flipX ? 1 : upright.flip_x;
-    photo.flip_y = flipY ? 1 : upright.flip_y;
-    photo.background = background;
+void RenderOptions::placeUpright(_PHOTO_LIST_NODE& photo, const PhotoInfo& info) const {
+    if (!asStored) {
+        photo.rotation = info.rotation;
+        photo.flip_x = info.flip_x;
+        photo.flip_y = info.flip_y;
+    }
+}
+
+void RenderOptions::overrule(_PHOTO_LIST_NODE& photo) const {
+    photo.rotation = rotation.value_or(photo.rotation);
+    photo.flip_x = flipX ? 1 : photo.flip_x;
+    photo.flip_y = flipY ? 1 : photo.flip_y;
+    photo.background = background.value_or(photo.background);
 }
 
 void RenderArguments::addTo(CLI::App& command) {
     addResult(command);
     addPlacement(command);
+    addProject(command);
     addBehaviour(command);
 }
 
@@ -103,9 +111,22 @@ void RenderArguments::addPlacement(CLI::App& command) {
         ->group(kGroup);
     command.add_flag("--no-auto-orient", m_flags.asStored, "Do not look at the orientation tag")
         ->group(kGroup);
-    command.add_option("--background", m_background, "Colour around the photo")
+    command.add_option("--background", m_background, "Colour around the photo; default: black")
         ->type_name("RRGGBB")
-        ->capture_default_str()
+        ->group(kGroup);
+}
+
+void RenderArguments::addProject(CLI::App& command) {
+    constexpr const char* kGroup = "Project files";
+    command
+        .add_option("--project", m_project,
+                    "Begin with the edits of a project file, matched to the\nphotos by position")
+        ->type_name("FILE")
+        ->group(kGroup);
+    command
+        .add_option("--save-project", m_saveProject,
+                    "Also write the edits of all photos, those given here\namong them")
+        ->type_name("FILE")
         ->group(kGroup);
 }
 
@@ -130,7 +151,11 @@ RenderOptions RenderArguments::read() const {
     options.png = m_format == "png";
     options.fit = toFit(m_fit);
     options.quality = toIntegerWithin(text(m_quality), 0, 100, QStringLiteral("--quality"));
-    options.background = toColour(text(m_background), QStringLiteral("--background"));
+    options.project = QFile::decodeName(m_project.c_str());
+    options.saveProject = QFile::decodeName(m_saveProject.c_str());
+    if (!m_background.empty()) {
+        options.background = toColour(text(m_background), QStringLiteral("--background"));
+    }
     options.shard = toShard(text(m_shard));
     if (!m_size.empty()) {
         options.size = toPictureSize(text(m_size), QStringLiteral("--size"));

@@ -28,7 +28,7 @@ struct RenderOptions {
     int quality = 90;
     bool png = false;
     bool preview = false;
-    COLORREF background = 0;
+    std::optional<COLORREF> background;  ///< Black, or what the slideshow says.
     std::optional<std::int32_t> rotation;
     bool flipX = false;
     bool flipY = false;
@@ -36,11 +36,15 @@ struct RenderOptions {
     std::optional<std::uint32_t> seed;
     Shard shard;
     bool overwrite = false;
+    QString project;      ///< Edits to begin with; empty for none.
+    QString saveProject;  ///< Where to write the edits of all photos; empty for nowhere.
     bool json = false;
     bool quiet = false;
 
-    /// Fills in the fields of a host record that are not the path.
-    void fillRecord(_PHOTO_LIST_NODE& photo, const PhotoInfo& info) const;
+    /// Places a photo as its orientation tag asks.
+    void placeUpright(_PHOTO_LIST_NODE& photo, const PhotoInfo& info) const;
+    /// What the user asked for goes before what the photo or the slideshow says.
+    void overrule(_PHOTO_LIST_NODE& photo) const;
     /// The suffix of the results.
     [[nodiscard]] QString suffix() const {
         return png ? QStringLiteral("png") : QStringLiteral("jpg");
@@ -57,6 +61,7 @@ public:
 private:
     void addResult(CLI::App& command);
     void addPlacement(CLI::App& command);
+    void addProject(CLI::App& command);
     void addBehaviour(CLI::App& command);
 
     RenderOptions m_flags;
@@ -66,9 +71,11 @@ private:
     bool m_fitGiven = false;
     std::string m_format = "jpg";
     std::string m_quality = "90";
-    std::string m_background = "000000";
+    std::string m_background;
     std::string m_rotation;
     std::string m_seed;
+    std::string m_project;
+    std::string m_saveProject;
     std::string m_shard = "1/1";
 };
 

@@ -6,7 +6,8 @@ namespace vellora {
 namespace {
 
 constinit std::mutex g_nodeLock;
-constinit std::mutex g_imageBufferLock;
+std::recursive_mutex g_imageBufferLock;
+constinit CDVDImage* g_recordInEdit = nullptr;
 constinit std::atomic<COLORREF> g_background{0};
 
 }  // namespace
@@ -15,8 +16,16 @@ std::mutex& nodeLock() {
     return g_nodeLock;
 }
 
-std::mutex& imageBufferLock() {
+std::recursive_mutex& imageBufferLock() {
     return g_imageBufferLock;
+}
+
+CDVDImage* recordInEdit() {
+    return g_recordInEdit;
+}
+
+void setRecordInEdit(CDVDImage* record) {
+    g_recordInEdit = record;
 }
 
 COLORREF currentBackground() {

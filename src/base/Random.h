@@ -49,6 +49,10 @@ public:
         return static_cast<int>((wide * extent) >> 30);
     }
 
+    /// The place in the sequence, and the way back to it.
+    [[nodiscard]] std::uint32_t place() const { return m_state; }
+    void goBack(std::uint32_t place) { m_state = place; }
+
 private:
     std::uint32_t m_state;
 };

@@ -32,12 +32,15 @@ qsizetype firstInvalid(QStringView text) {
 
 }  // namespace
 
-QString xmlText(QStringView text) {
+QString xmlText(QString text) {
     qsizetype i = firstInvalid(text);
-    QString result = text.first(i).toString();
+    if (i == text.size()) {
+        return text;
+    }
+    QString result = text.first(i);
     while (i < text.size()) {
         const qsizetype length = validLength(text, i);
-        result += text.sliced(i, length);
+        result += QStringView(text).sliced(i, length);
         i += length == 0 ? 1 : length;
     }
     return result;

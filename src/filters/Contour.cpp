@@ -12,21 +12,19 @@
 namespace vellora {
 namespace {
 
-/// Of the 11 x 11 gradient kernels.
-constexpr int kRadius = 5;
+/// Of the 11 x 11 gradient kernels. Their neighbours and those of the thickened lines add two.
+constexpr int kRadius = ContourMap::kReach - 2;
 
 /// B + G + R of every pixel.
 cv::Mat1f summedChannels(const cv::Mat& picture) {
     cv::Mat1f sums(picture.size());
-    cv::parallel_for_(cv::Range(0, picture.rows), [&](const cv::Range& rows) {
-        for (int y = rows.start; y < rows.end; ++y) {
-            const uchar* pixel = picture.ptr(y);
-            float* sum = sums[y];
-            for (int x = 0; x < picture.cols; ++x, pixel += 3) {
-                sum[x] = static_cast<float>(pixel[0] + pixel[1] + pixel[2]);
-            }
+    for (int y = 0; y < picture.rows; ++y) {
+        const uchar* pixel = picture.ptr(y);
+        float* sum = sums[y];
+        for (int x = 0; x < picture.cols; ++x, pixel += 3) {
+            sum[x] = static_cast<float>(pixel[0] + pixel[1] + pixel[2]);
         }
-    });
+    }
     return sums;
 }
 
@@ -161,7 +159,7 @@ cv::Mat1b ContourMap::edgePoints(int first, int last) const {
     const int width = m_brightness.cols;
     const Gradients gradients(m_brightness, std::max(first - 1, 0), std::min(last + 1, height),
                               m_smooth, m_slope);
-    cv::Mat1b points(last - first, (width + kLanes - 1) / kLanes * kLanes);
+    cv::Mat1b points(last - first, width);
     const cv::v_float32x4 threshold = cv::v_setall_f32(m_threshold);
     for (int y = first; y < last; ++y) {
         const EdgePoints edges(gradients, y);
@@ -171,10 +169,10 @@ cv::Mat1b ContourMap::edgePoints(int first, int last) const {
             const cv::v_int16x8 narrow = cv::v_pack(values, values);
             const cv::v_uint8x16 bytes = cv::v_pack_u(narrow, narrow);
             const std::uint32_t four = cv::v_reinterpret_as_u32(bytes).get0();
-            std::memcpy(row + x, &four, sizeof(four));
+            std::memcpy(row + x, &four, static_cast<std::size_t>(std::min(kLanes, width - x)));
         }
     }
-    return points.colRange(0, width);
+    return points;
 }
 
 cv::Mat1b ContourMap::ground(int first, int last) const {

@@ -7,13 +7,16 @@ namespace vellora {
 /// The outlines of a picture: where its smoothed brightness changes steeply.
 class ContourMap {
 public:
+    /// How many rows around a pixel have a say in its byte.
+    static constexpr int kReach = 7;
+
     /// @param picture    Blue-green-red, 8 bits; read here and not kept.
     /// @param sigma      Width of the Gaussian that smooths the gradients, in pixels.
     /// @param threshold  Steepness, in summed channel levels per pixel, where outlines begin.
     ContourMap(const cv::Mat& picture, double sigma, int threshold);
 
     /// One byte per pixel of the rows `first` up to but not including `last`: 0 on an outline, 255
-    /// on level ground. May be called from several threads.
+    /// on level ground.
     [[nodiscard]] cv::Mat1b ground(int first, int last) const;
 
 private:

@@ -9,6 +9,7 @@
 #include <opencv2/core/hal/intrin.hpp>
 
 #include "base/AbortFlag.h"
+#include "filters/HaloBands.h"
 #include "filters/ImagePreflight.h"
 #include "filters/SummedRows.h"
 
@@ -45,23 +46,13 @@ public:
     void rowReaches(int y, int* columns, int* rows) const {
         const double rowDistance = m_rows[static_cast<std::size_t>(y)];
         int x = 0;
-#if CV_SIMD128_64F
-        const cv::v_float64x2 fromRow = cv::v_setall_f64(rowDistance);
         for (; x + 4 <= m_width; x += 4) {
-            const double* distances = m_columns.data() + x;
-            const cv::v_float32x4 radii =
-                cv::v_cvt_f32(radiiOf(cv::v_load(distances) + fromRow),
-                              radiiOf(cv::v_load(distances + 2) + fromRow));
-            cv::v_store(columns + x, reaches(m_width, radii));
-            cv::v_store(rows + x, reaches(m_height, radii));
+            const auto at = static_cast<std::size_t>(x);
+            if (!roughReaches(at, rowDistance, columns + x, rows + x)) {
+                exactReaches(at, at + 4, rowDistance, columns, rows);
+            }
         }
-#endif
-        for (; x < m_width; ++x) {
-            const auto radius = static_cast<float>(
-                std::sqrt(m_columns[static_cast<std::size_t>(x)] + rowDistance) * kStrength);
-            columns[x] = reach(m_width, radius);
-            rows[x] = reach(m_height, radius);
-        }
+        exactReaches(static_cast<std::size_t>(x), m_columns.size(), rowDistance, columns, rows);
     }
 
 private:
@@ -83,32 +74,43 @@ private:
             std::min(static_cast<double>(extent) * radius, static_cast<double>(extent)));
     }
 
-#if CV_SIMD128_64F
-    static cv::v_float64x2 radiiOf(const cv::v_float64x2& squared) {
-        return cv::v_sqrt(squared) * cv::v_setall_f64(kStrength);
+    void exactReaches(std::size_t first, std::size_t last, double rowDistance, int* columns,
+                      int* rows) const {
+        for (std::size_t x = first; x < last; ++x) {
+            const auto radius =
+                static_cast<float>(std::sqrt(m_columns[x] + rowDistance) * kStrength);
+            columns[x] = reach(m_width, radius);
+            rows[x] = reach(m_height, radius);
+        }
     }
 
-    static cv::v_int32x4 reaches(int extent, const cv::v_float32x4& radii) {
-        const cv::v_float64x2 limit = cv::v_setall_f64(extent);
-        const cv::v_int32x4 low = cv::v_trunc(cv::v_min(cv::v_cvt_f64(radii) * limit, limit));
-        const cv::v_int32x4 high = cv::v_trunc(cv::v_min(cv::v_cvt_f64_high(radii) * limit, limit));
-        return cv::v_combine_low(low, high);
+    /// Four reaches in single precision, which leaves no doubt about a whole number that the
+    /// product is not close to. Returns false when there is doubt.
+    bool roughReaches(std::size_t x, double rowDistance, int* columns, int* rows) const {
+        constexpr float kLargest = 256.0F;
+        constexpr float kDoubt = 1.0F / 512;  // many times the error of a product up to the largest
+        const cv::v_float32x4 distance =
+            cv::v_cvt_f32(cv::v_load(&m_columns[x]), cv::v_load(&m_columns[x + 2])) +
+            cv::v_setall_f32(static_cast<float>(rowDistance));
+        const cv::v_float32x4 radius =
+            cv::v_sqrt(distance) * cv::v_setall_f32(static_cast<float>(kStrength));
+        const cv::v_float32x4 wide = radius * cv::v_setall_f32(static_cast<float>(m_width));
+        const cv::v_float32x4 tall = radius * cv::v_setall_f32(static_cast<float>(m_height));
+        const cv::v_int32x4 wholeWide = cv::v_trunc(wide);
+        const cv::v_int32x4 wholeTall = cv::v_trunc(tall);
+        const cv::v_float32x4 restWide = wide - cv::v_cvt_f32(wholeWide);
+        const cv::v_float32x4 restTall = tall - cv::v_cvt_f32(wholeTall);
+        cv::v_store(columns, wholeWide);
+        cv::v_store(rows, wholeTall);
+        return cv::v_check_all((cv::v_min(restWide, restTall) > cv::v_setall_f32(kDoubt)) &
+                               (cv::v_max(restWide, restTall) < cv::v_setall_f32(1.0F - kDoubt)) &
+                               (cv::v_max(wide, tall) < cv::v_setall_f32(kLargest)));
     }
-#endif
 
     int m_width;
     int m_height;
     std::vector<double> m_columns;
     std::vector<double> m_rows;
-};
-
-/// Rows `first` up to but not including `last`, with copies of the neighbouring rows that their
-/// boxes reach: another thread may overwrite those.
-struct Band {
-    int first;
-    int last;
-    cv::Mat above;
-    cv::Mat below;
 };
 
 /// Dims a picture in place: a row is only overwritten when the sums over all rows that its boxes
@@ -122,46 +124,26 @@ public:
         // The sums over the rows next to a band are taken twice; bands are tall enough for that
         // to matter little.
         const int window = 2 * m_reach + 2;
-        const int bands =
-            std::clamp(m_picture.rows / (4 * window), 1, std::max(1, cv::getNumThreads()));
-        std::vector<Band> work;
-        for (int i = 0; i < bands; ++i) {
-            work.push_back(makeBand(boundary(i, bands), boundary(i + 1, bands)));
-        }
-        cv::parallel_for_(
-            cv::Range(0, bands),
-            [&](const cv::Range& range) {
-                for (int i = range.start; i < range.end; ++i) {
-                    dimBand(work[static_cast<std::size_t>(i)]);
-                }
-            },
-            bands);
+        const int count = std::min(m_picture.rows / (4 * window), cv::getNumThreads());
+        const HaloBands bands(m_picture, m_reach + 1, m_reach, count);
+        bands.forEachGroup([&](const auto& group) {
+            for (const HaloBands::Band* band : group) {
+                dimBand(bands, *band);
+            }
+        });
     }
 
 private:
-    [[nodiscard]] int boundary(int band, int bands) const {
-        return static_cast<int>(static_cast<std::int64_t>(m_picture.rows) * band / bands);
-    }
-
-    [[nodiscard]] int firstRead(int row) const { return std::max(row - m_reach - 1, 0); }
-    [[nodiscard]] int lastRead(int row) const {
-        return std::min(row + m_reach, m_picture.rows - 1);
-    }
-
-    [[nodiscard]] Band makeBand(int first, int last) const {
-        return {first, last, m_picture.rowRange(firstRead(first), first).clone(),
-                m_picture.rowRange(last, lastRead(last - 1) + 1).clone()};
-    }
-
-    void dimBand(const Band& band) {
+    void dimBand(const HaloBands& bands, const HaloBands::Band& band) {
         const auto width = static_cast<std::size_t>(m_picture.cols);
         std::vector<int> columns(width);
         std::vector<int> rows(width);
         const int kept = std::max(2, std::min(2 * m_reach + 2, m_picture.rows));
-        SummedRows sums(m_picture.cols, firstRead(band.first), kept);
+        SummedRows sums(m_picture.size(), std::max(band.first - m_reach - 1, 0), kept);
         for (int y = band.first; y < band.last; ++y) {
-            while (sums.nextRow() <= lastRead(y)) {
-                sums.add(photoRow(band, sums.nextRow()));
+            const int lastNeeded = std::min(y + m_reach, m_picture.rows - 1);
+            while (sums.nextRow() <= lastNeeded) {
+                sums.add(bands.row(band, sums.nextRow()));
             }
             m_focus.rowReaches(y, columns.data(), rows.data());
             dimRow(sums, y, columns.data(), rows.data());
@@ -172,53 +154,84 @@ private:
         }
     }
 
-    [[nodiscard]] const uchar* photoRow(const Band& band, int y) const {
-        if (y < band.first) {
-            return band.above.ptr(y - band.first + band.above.rows);
-        }
-        return y < band.last ? m_picture.ptr(y) : band.below.ptr(y - band.last);
-    }
-
     void dimRow(const SummedRows& sums, int y, const int* columns, const int* rows) {
-        const int lastX = m_picture.cols - 1;
-        const int lastY = m_picture.rows - 1;
-        uchar* pixel = m_picture.ptr(y);
-        for (int x = 0; x <= lastX; ++x, pixel += 3) {
-            const int x0 = std::max(x - columns[x] - 1, 0);
-            const int x1 = std::min(x + columns[x], lastX);
+        const int width = m_picture.cols;
+        int x = 0;
+        while (x < width) {
+            const int reach = columns[x];
+            int end = x + 1;
+            while (end < width && columns[end] == reach && rows[end] == rows[x]) {
+                ++end;
+            }
+            // Boxes that the sides of the picture cut off differ in size from their neighbours.
+            const int firstWhole = std::clamp(reach + 1, x, end);
+            const int lastWhole = std::clamp(width - reach, firstWhole, end);
             const int y0 = std::max(y - rows[x] - 1, 0);
-            const int y1 = std::min(y + rows[x], lastY);
-            const std::int64_t area = static_cast<std::int64_t>(x1 - x0) * (y1 - y0);
-            // A box without a pixel has no mean: the pixel stays as it is in the photo.
-            if (area > SummedRows::kLargestBox) {
-                wideMean(sums, {x0, y0}, {x1, y1}, pixel);
-            } else if (area > 0) {
-                boxMean(sums.row(y0), sums.row(y1), x0, x1, 1.0 / static_cast<double>(area), pixel);
+            const int y1 = std::min(y + rows[x], m_picture.rows - 1);
+            for (; x < firstWhole; ++x) {
+                dimRun(sums, y, {x, x + 1}, reach, {y0, y1});
+            }
+            dimRun(sums, y, {x, lastWhole}, reach, {y0, y1});
+            for (x = lastWhole; x < end; ++x) {
+                dimRun(sums, y, {x, x + 1}, reach, {y0, y1});
             }
         }
     }
 
-    static void boxMean(const std::uint32_t* upper, const std::uint32_t* lower, int x0, int x1,
-                        double share, uchar* pixel) {
-        const auto left = static_cast<std::size_t>(x0) * SummedRows::kLanes;
-        const auto right = static_cast<std::size_t>(x1) * SummedRows::kLanes;
-#if CV_SIMD128_64F
-        const cv::v_int32x4 sum =
-            cv::v_reinterpret_as_s32(cv::v_load(upper + left) - cv::v_load(upper + right) -
-                                     cv::v_load(lower + left) + cv::v_load(lower + right));
-        const cv::v_float64x2 factor = cv::v_setall_f64(share);
-        const cv::v_int32x4 low = cv::v_trunc(cv::v_cvt_f64(sum) * factor);
-        const cv::v_int32x4 high = cv::v_trunc(cv::v_cvt_f64_high(sum) * factor);
-        const cv::v_int16x8 means = cv::v_pack(cv::v_combine_low(low, high), cv::v_setzero_s32());
-        const std::uint32_t bytes = cv::v_reinterpret_as_u32(cv::v_pack_u(means, means)).get0();
-        std::memcpy(pixel, &bytes, 3);
-#else
-        for (std::size_t c = 0; c < 3; ++c) {
-            const std::uint32_t sum =
-                upper[left + c] - upper[right + c] - lower[left + c] + lower[right + c];
-            pixel[c] = static_cast<uchar>(std::min(sum * share, 255.0));
+    /// Dims the pixels of a run, whose boxes all have the size of the first one's.
+    void dimRun(const SummedRows& sums, int y, cv::Range run, int reach, cv::Range boxRows) {
+        const int x0 = std::max(run.start - reach - 1, 0);
+        const int x1 = std::min(run.start + reach, m_picture.cols - 1);
+        const std::int64_t area = static_cast<std::int64_t>(x1 - x0) * boxRows.size();
+        uchar* pixel = m_picture.ptr(y) + 3 * static_cast<std::ptrdiff_t>(run.start);
+        // A box without a pixel has no mean: the pixel stays as it is in the photo.
+        if (area > SummedRows::kLargestBox) {
+            for (int i = 0; i < run.size(); ++i, pixel += 3) {
+                wideMean(sums, {x0 + i, boxRows.start}, {x1 + i, boxRows.end}, pixel);
+            }
+        } else if (area > 0) {
+            const auto left = static_cast<std::ptrdiff_t>(x0) * SummedRows::kChannels;
+            const auto right = static_cast<std::ptrdiff_t>(x1) * SummedRows::kChannels;
+            const std::uint32_t* upper = sums.row(boxRows.start);
+            const std::uint32_t* lower = sums.row(boxRows.end);
+            boxMeans({upper + left, upper + right, lower + left, lower + right},
+                     1.0 / static_cast<double>(area), pixel, 3 * run.size());
         }
-#endif
+    }
+
+    /// The sums at the corners of a box.
+    struct Corners {
+        const std::uint32_t* upperLeft;
+        const std::uint32_t* upperRight;
+        const std::uint32_t* lowerLeft;
+        const std::uint32_t* lowerRight;
+    };
+
+    static void boxMeans(const Corners& corners, double share, uchar* values, int count) {
+        const cv::v_float64x2 factor = cv::v_setall_f64(share);
+        const auto storeFour = [&](int i) {
+            const cv::v_int32x4 sums = cv::v_reinterpret_as_s32(
+                cv::v_load(corners.upperLeft + i) - cv::v_load(corners.upperRight + i) -
+                cv::v_load(corners.lowerLeft + i) + cv::v_load(corners.lowerRight + i));
+            const cv::v_int32x4 low = cv::v_trunc(cv::v_cvt_f64(sums) * factor);
+            const cv::v_int32x4 high = cv::v_trunc(cv::v_cvt_f64_high(sums) * factor);
+            const cv::v_int16x8 words = cv::v_pack(cv::v_combine_low(low, high), low);
+            const std::uint32_t bytes = cv::v_reinterpret_as_u32(cv::v_pack_u(words, words)).get0();
+            std::memcpy(values + i, &bytes, sizeof(bytes));
+        };
+        int i = 0;
+        for (; i + 4 <= count; i += 4) {
+            storeFour(i);
+        }
+        if (i < count && count >= 4) {
+            storeFour(count - 4);  // some values a second time
+            return;
+        }
+        for (; i < count; ++i) {
+            const std::uint32_t sum = corners.upperLeft[i] - corners.upperRight[i] -
+                                      corners.lowerLeft[i] + corners.lowerRight[i];
+            values[i] = static_cast<uchar>(std::min(sum * share, 255.0));
+        }
     }
 
     static void wideMean(const SummedRows& sums, cv::Point upper, cv::Point lower, uchar* pixel) {

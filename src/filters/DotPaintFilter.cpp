@@ -124,10 +124,9 @@ void paintLayer(cv::Mat& target, const cv::Rect& tile, const PreparedLayer& laye
         if (layer.kind.onlyInDetail && !detail && rare > 0.16F) {
             return;
         }
-        const float jitter = detail ? 0.22F : 0.32F;
-        const double shift = (row & 1) == 0 ? -0.25 : 0.25;
-        const double inColumn = column + 0.5 + shift + random.between(-jitter, jitter);
-        const double inRow = row + 0.5 + random.between(-jitter, jitter);
+        const auto stagger = [](int line) { return (line & 1) == 0 ? -0.2 : 0.2; };
+        const double inColumn = column + 0.5 + stagger(row) + random.between(-0.32F, 0.32F);
+        const double inRow = row + 0.5 + stagger(column) + random.between(-0.32F, 0.32F);
         const auto& local =
             cellValue<cv::Vec3b>(layer.colours, static_cast<int>(std::floor(inColumn)),
                                  static_cast<int>(std::floor(inRow)));

@@ -1,11 +1,11 @@
 #include "filters/EdgeFilter.h"
 
-#include <algorithm>
 #include <vector>
 
 #include <opencv2/imgproc.hpp>
 
 #include "filters/Contour.h"
+#include "filters/HaloBands.h"
 #include "filters/ImagePreflight.h"
 
 namespace vellora {
@@ -47,16 +47,18 @@ void drawOutlines(cv::Mat& rows, const cv::Mat1b& ground, const cv::Mat& colours
 }
 
 void drawContour(cv::Mat& picture, double sigma, int threshold, float saturation) {
-    const ContourMap contour(picture, sigma, threshold);
+    constexpr int kBandRows = 96;
+    constexpr int kReach = ContourMap::kReach;
     const cv::Mat colours = outlineColours(saturation);
-    constexpr int kBandRows = 64;
-    const int bands = (picture.rows + kBandRows - 1) / kBandRows;
-    cv::parallel_for_(cv::Range(0, bands), [&](const cv::Range& range) {
-        for (int band = range.start; band < range.end; ++band) {
-            const int first = band * kBandRows;
-            const int last = std::min(first + kBandRows, picture.rows);
-            cv::Mat rows = picture.rowRange(first, last);
-            drawOutlines(rows, contour.ground(first, last), colours);
+    const HaloBands bands(picture, kReach, kReach, picture.rows / kBandRows);
+    bands.forEachGroup([&](const auto& group) {
+        cv::Mat old;
+        for (const HaloBands::Band* band : group) {
+            bands.copyOut(*band, old);
+            const int first = band->above.rows;
+            const ContourMap contour(old, sigma, threshold);
+            cv::Mat rows = picture.rowRange(band->first, band->last);
+            drawOutlines(rows, contour.ground(first, first + rows.rows), colours);
         }
     });
 }

@@ -26,7 +26,7 @@ constexpr FilterParamDescs kParams{{
 constexpr int kThickest = 40;
 constexpr float kThickness = 0.075F;   // optical depth of middling mist per unit of density
 constexpr float kMostCover = 0.86F;    // of the veil at any point: the photo stays readable
-constexpr double kBrightening = 0.16;  // of the mean, at most
+constexpr double kBrightening = 0.14;  // of the mean, at most
 constexpr float kWhitest = 246.0F;
 
 // Optical depth of the clouds: octaves of noise whose lattice is itself bent by noise, drawn out

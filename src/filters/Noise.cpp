@@ -6,9 +6,6 @@
 namespace vellora {
 namespace {
 
-// Where two samples or fewer fall on a wave, noise is noise no more.
-constexpr double kFinestStep = 0.5;
-
 constexpr float fade(float t) {
     return t * t * t * (t * (t * 6.0F - 15.0F) + 10.0F);
 }
@@ -81,7 +78,7 @@ float noiseAt(double x, double y, std::uint32_t seed) {
 void addFractalNoise(std::span<float> values, NoiseRow row, std::uint32_t seed, int octaves,
                      float fall) {
     float weight = 1.0F;
-    for (int k = 0; k < octaves && row.step <= kFinestStep; ++k) {
+    for (int k = 0; k < octaves && row.step * kShortestWave <= 1.0; ++k) {
         addNoise(values, row, seed + static_cast<std::uint32_t>(k), weight);
         weight *= fall;
         // The offsets keep the lattices from lining up.

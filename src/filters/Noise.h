@@ -51,6 +51,9 @@ void addNoise(std::span<float> values, const NoiseRow& row, std::uint32_t seed, 
 /// The same noise at one point.
 float noiseAt(double x, double y, std::uint32_t seed);
 
+/// The shortest wave that pixels can show: what is finer is left out of fractal noise.
+inline constexpr double kShortestWave = 2.0;
+
 /// Adds octaves of noise, each half as long and `fall` times as strong as the one before, starting
 /// with weight 1. Octaves too fine for the step are left out, as they would only alias.
 void addFractalNoise(std::span<float> values, NoiseRow row, std::uint32_t seed, int octaves,

@@ -125,21 +125,11 @@ void CPhotoProcessor::DrawTo(QPainter& painter, const Rect& rect) {
         return;
     }
     ImagePtr filtered;
-    const IplImage* shown = m_working.get();
     if (m_scaled && m_currentFilter != nullptr && !isNone(*m_currentFilter)) {
         filtered = copyImage(cv::cvarrToMat(m_working.get()));
-        if (filtered != nullptr) {
-            if (m_currentFilter->HasROI()) {
-                const FilterRegion& region = g_previewRegion;
-                m_currentFilter->SetROI(region.roi_x, region.roi_y, region.roi_cx, region.roi_cy);
-            }
-            IplImage* image = filtered.release();
-            m_currentFilter->Apply(&image);
-            filtered.reset(image);
-            shown = image;
-        }
+        ApplyPreview(filtered);
     }
-    const cv::Mat pixels = cv::cvarrToMat(shown);
+    const cv::Mat pixels = cv::cvarrToMat(filtered != nullptr ? filtered.get() : m_working.get());
     if (differByLessThanTwo(rect.width(), pixels.cols) &&
         differByLessThanTwo(rect.height(), pixels.rows)) {
         drawPicture(painter, rect.left, rect.top, pixels);
@@ -149,6 +139,19 @@ void CPhotoProcessor::DrawTo(QPainter& painter, const Rect& rect) {
     if (resized != nullptr) {
         drawPicture(painter, rect.left, rect.top, cv::cvarrToMat(resized.get()));
     }
+}
+
+void CPhotoProcessor::ApplyPreview(ImagePtr& picture) const {
+    if (picture == nullptr || m_currentFilter == nullptr || isNone(*m_currentFilter)) {
+        return;
+    }
+    if (m_currentFilter->HasROI()) {
+        const FilterRegion& region = g_previewRegion;
+        m_currentFilter->SetROI(region.roi_x, region.roi_y, region.roi_cx, region.roi_cy);
+    }
+    IplImage* image = picture.release();
+    m_currentFilter->Apply(&image);
+    picture.reset(image);
 }
 
 void CPhotoProcessor::SetPreviewROI(float x, float y, float cx, float cy) {

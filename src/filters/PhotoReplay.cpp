@@ -1,8 +1,10 @@
 // Decoding a photo and replaying its edits.
 
 #include <QString>
+#include <algorithm>
 #include <cstdint>
 #include <limits>
+#include <utility>
 
 #include <opencv2/core/core_c.h>
 
@@ -60,6 +62,36 @@ void CPhotoProcessor::MakeWorkingFromSource() {
     const Size reduced = previewSize(decoded);
     const cv::Mat pixels = cv::cvarrToMat(m_source.get());
     m_working = reduced == decoded ? copyImage(pixels) : resizedByArea(pixels, reduced);
+}
+
+ImagePtr CPhotoProcessor::MakeDetailed(double detail) {
+    if (m_working == nullptr || m_source == nullptr || !m_scaled || m_node == nullptr) {
+        return nullptr;
+    }
+    const Size decoded{m_source->width, m_source->height};
+    const Size preview = previewSize(decoded);
+    const double factor = std::min(detail, static_cast<double>(previewFactor(decoded)));
+    const Size detailed{static_cast<int>(preview.width * factor),
+                        static_cast<int>(preview.height * factor)};
+    if (factor <= 1.0 || detailed == preview) {
+        return nullptr;
+    }
+    ImagePtr picture = resizedByArea(cv::cvarrToMat(m_source.get()), detailed);
+    if (picture == nullptr) {
+        return nullptr;
+    }
+    // The edits are replayed as for a full-size picture, beside the preview that stays.
+    const float previewFactorBefore = m_previewFactor;
+    const std::int32_t changedBefore = m_node->changed;
+    std::swap(m_working, picture);
+    m_scaled = false;
+    m_previewFactor = static_cast<float>(detailed.width) / static_cast<float>(preview.width);
+    Replay();
+    std::swap(m_working, picture);
+    m_scaled = true;
+    m_previewFactor = previewFactorBefore;
+    m_node->changed = changedBefore;
+    return picture;
 }
 
 void CPhotoProcessor::Replay() {

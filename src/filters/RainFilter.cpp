@@ -33,8 +33,8 @@ Levels litLevels() {
     return levels;
 }
 
-/// The number of drops to draw. A file may ask for any number: far more than the slider reaches,
-/// and enough of them to leave no pixel as it was, are drawn, but not more.
+/// The number of drops to draw. A file may ask for any number: far more than the slider reaches
+/// are drawn, but not more than a fixed number of steps for each pixel.
 std::int64_t boundedDrops(std::int32_t asked, std::int64_t longest, const cv::Mat& picture) {
     constexpr std::int64_t kAlways = 100'000;
     constexpr std::int64_t kStepsPerPixel = 16;

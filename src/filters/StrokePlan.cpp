@@ -1,6 +1,7 @@
 #include "filters/StrokePlan.h"
 
 #include <algorithm>
+#include <array>
 
 #include "base/AbortFlag.h"
 #include "base/Random.h"
@@ -21,17 +22,33 @@ StrokePlan::StrokePlan(const cv::Mat& photo, const Brush& brush, bool stoppable)
       m_stoppable(stoppable) {}
 
 std::vector<Stroke> StrokePlan::next(std::size_t most) {
+    // Some strokes are drawn ahead, so that the memory is asked for their colours all at once.
+    constexpr std::size_t kAhead = 32;
+    std::array<std::uint32_t, kAhead> places;
     std::vector<Stroke> strokes;
     RandomRun random;
-    while (m_remaining > kUnpaintedLeft && strokes.size() < most && !m_stopped) {
-        const int x = random.below(m_photo.cols);
-        const int y = random.below(m_photo.rows);
-        strokes.push_back({{x, y}, m_photo.ptr<cv::Vec3b>(y)[x]});
-        // A stroke that finds nothing bare counts for one pixel, so that the end always comes.
-        m_remaining -= std::max<std::int64_t>(cover(strokes.back()), 1);
-        m_stopped = m_stoppable && abortRequested();
+    while (wantsMore() && strokes.size() < most) {
+        const std::size_t first = strokes.size();
+        for (std::size_t i = 0; i < std::min(kAhead, most - first); ++i) {
+            const int x = random.below(m_photo.cols);
+            const int y = random.below(m_photo.rows);
+            places[i] = random.place();
+            strokes.push_back({{x, y}, m_photo.ptr<cv::Vec3b>(y)[x]});
+        }
+        std::size_t used = first;
+        for (; wantsMore() && used < strokes.size(); ++used) {
+            // A stroke that finds nothing bare counts for one pixel, so that the end always comes.
+            m_remaining -= std::max<std::int64_t>(cover(strokes[used]), 1);
+            m_stopped = m_stoppable && abortRequested();
+        }
+        random.goBack(places[used - first - 1]);
+        strokes.resize(used);
     }
     return strokes;
+}
+
+bool StrokePlan::wantsMore() const {
+    return m_remaining > kUnpaintedLeft && !m_stopped;
 }
 
 std::int64_t StrokePlan::cover(const Stroke& stroke) {

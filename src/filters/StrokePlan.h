@@ -31,6 +31,8 @@ public:
     [[nodiscard]] bool stopped() const { return m_stopped; }
 
 private:
+    [[nodiscard]] bool wantsMore() const;
+
     /// Returns the number of bare pixels that the stroke covers.
     std::int64_t cover(const Stroke& stroke);
 

@@ -4,20 +4,23 @@
 
 namespace vellora {
 
-SummedRows::SummedRows(int width, int firstRow, int kept)
-    : m_width(width),
+SummedRows::SummedRows(cv::Size picture, int firstRow, int kept)
+    : m_width(picture.width),
       m_next(firstRow),
       m_kept(static_cast<std::size_t>(kept)),
-      m_rowLength(static_cast<std::size_t>(width) * kLanes),
-      m_sums(m_rowLength * m_kept) {}
+      m_rowLength(static_cast<std::size_t>(picture.width) * kChannels + 1),
+      m_sums(m_rowLength * m_kept),
+      m_rows(static_cast<std::size_t>(picture.height)) {}
 
 void SummedRows::add(const uchar* bgr) {
-    // For the first row this is a row of zeros, as the table still is.
-    const std::uint32_t* above = row(m_next + static_cast<int>(m_kept) - 1);
-    std::uint32_t* sums = m_sums.data() + m_rowLength * (static_cast<std::size_t>(m_next) % m_kept);
+    const auto y = static_cast<std::size_t>(m_next);
+    // The slot before that of the first row still is a row of zeros.
+    const std::uint32_t* above = m_sums.data() + m_rowLength * ((y + m_kept - 1) % m_kept);
+    std::uint32_t* sums = m_sums.data() + m_rowLength * (y % m_kept);
+    m_rows[y] = sums;
+    // The fourth lane reaches into the next pixel, which is written after it, or past the end.
     cv::v_uint32x4 rowSum = cv::v_setzero_u32();
-    for (int x = 0; x < m_width - 1; ++x, bgr += 3, sums += kLanes, above += kLanes) {
-        // The lane without a meaning takes the next pixel's blue.
+    for (int x = 0; x < m_width - 1; ++x, bgr += 3, sums += kChannels, above += kChannels) {
         rowSum += cv::v_load_expand_q(bgr);
         cv::v_store(sums, rowSum + cv::v_load(above));
     }
@@ -37,8 +40,8 @@ void SummedRows::addBox(int x0, int y0, int x1, int y1, double* totals) const {
         addBox(split ? middleX : x0, split ? y0 : middleY, x1, y1, totals);
         return;
     }
-    const auto left = static_cast<std::size_t>(x0) * kLanes;
-    const auto right = static_cast<std::size_t>(x1) * kLanes;
+    const auto left = static_cast<std::size_t>(x0) * kChannels;
+    const auto right = static_cast<std::size_t>(x1) * kChannels;
     const std::uint32_t* upper = row(y0);
     const std::uint32_t* lower = row(y1);
     for (std::size_t c = 0; c < 3; ++c) {

@@ -15,16 +15,15 @@ namespace vellora {
 /// `kLargestBox` pixels exact, however large the picture is.
 class SummedRows {
 public:
-    /// Four sums per pixel, the last one without a meaning: a pixel fills one vector.
-    static constexpr int kLanes = 4;
+    static constexpr int kChannels = 3;
 
     /// Boxes of this many pixels have sums below 2^31.
     static constexpr std::int64_t kLargestBox = 0x7FFFFFFF / 255;
 
-    /// @param width     Of the picture.
+    /// @param picture   Size of the picture.
     /// @param firstRow  The row that is added first.
     /// @param kept      How many of the latest rows can be asked for; 2 or more.
-    SummedRows(int width, int firstRow, int kept);
+    SummedRows(cv::Size picture, int firstRow, int kept);
 
     /// Adds the next row of the picture.
     void add(const uchar* bgr);
@@ -33,7 +32,7 @@ public:
     [[nodiscard]] int nextRow() const { return m_next; }
 
     [[nodiscard]] const std::uint32_t* row(int y) const {
-        return m_sums.data() + m_rowLength * (static_cast<std::size_t>(y) % m_kept);
+        return m_rows[static_cast<std::size_t>(y)];
     }
 
     /// Adds the sums over the pixels right of column x0 up to x1, below row y0 up to y1, to three
@@ -46,6 +45,7 @@ private:
     std::size_t m_kept;
     std::size_t m_rowLength;
     std::vector<std::uint32_t> m_sums;
+    std::vector<std::uint32_t*> m_rows;  // of the picture, those that are kept
 };
 
 }  // namespace vellora

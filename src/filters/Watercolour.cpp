@@ -62,7 +62,7 @@ cv::Mat wobbled(const cv::Mat& source, const cv::Rect& whole, const Brush& brush
     const auto width = static_cast<std::size_t>(whole.width);
     std::vector<float> right(width);
     std::vector<float> down(width);
-    const double perPixel = 1.0 / (11.0 * std::max(0.5, brush.scale));
+    const double perPixel = 1.0 / std::max(kShortestWave, 11.0 * brush.scale);
     for (int y = 0; y < whole.height; ++y) {
         std::ranges::fill(right, 0.0F);
         std::ranges::fill(down, 0.0F);
@@ -169,7 +169,7 @@ void settle(Pigment& pigment, const cv::Rect& tile, int y, const Brush& brush) {
     std::ranges::fill(pigment.pools, 0.0F);
     std::ranges::fill(pigment.paper, 0.0F);
     const auto row = [&](double wave) {
-        const double perPixel = 1.0 / (wave * std::max(0.5, brush.scale));
+        const double perPixel = 1.0 / std::max(kShortestWave, wave * brush.scale);
         return NoiseRow{tile.x * perPixel, perPixel, y * perPixel};
     };
     addFractalNoise(pigment.pools, row(70.0), kSeed + 100, 4, 0.6F);
@@ -222,6 +222,13 @@ void paintSheet(const cv::Mat& source, cv::Mat& target, const Sheet& sheet, cons
 }  // namespace
 
 void paintWatercolour(const cv::Mat& source, cv::Mat& target, float water) {
+    constexpr int kNarrow = 8;  // rows so short that their overhead would count
+    if (source.cols < kNarrow && source.rows > source.cols) {
+        cv::Mat lying = source.t();
+        paintWatercolour(source.t(), lying, water);
+        cv::transpose(lying, target);
+        return;
+    }
     const Brush brush = makeBrush(source.size(), water);
     const int halo = brush.halo() + brush.edge;
     const cv::Rect picture({0, 0}, source.size());

@@ -10,6 +10,7 @@
 #include "base/ImageView.h"
 #include "filters/Dabs.h"
 #include "filters/ImagePreflight.h"
+#include "filters/Noise.h"
 #include "filters/PastelStroke.h"
 #include "filters/StageScale.h"
 
@@ -176,7 +177,7 @@ void layPaper(cv::Mat& target, const cv::Rect& tile, const DabGrid& grid, const 
 
 std::vector<float> paperHeights(const cv::Rect& tile, double scale) {
     std::vector<float> heights(static_cast<std::size_t>(tile.area()));
-    const double perPixel = 1.0 / (kPaperWave * std::max(scale, 0.8));
+    const double perPixel = 1.0 / std::max(kShortestWave, kPaperWave * scale);
     for (int y = 0; y < tile.height; ++y) {
         const auto width = static_cast<std::size_t>(tile.width);
         addFractalNoise({heights.data() + static_cast<std::size_t>(y) * width, width},

@@ -1,8 +1,10 @@
 #include "filters/WoodFilter.h"
 
 #include <opencv2/core/hal/intrin.hpp>
+#include <opencv2/imgproc.hpp>
 
 #include "filters/ImagePreflight.h"
+#include "filters/RowBands.h"
 
 namespace vellora {
 namespace {
@@ -10,28 +12,27 @@ namespace {
 // The truncated mean of three values is 128 or more exactly when their sum is 384 or more.
 constexpr int kWhiteSum = 384;
 
-void woodRow(uchar* row, int width) {
+/// 255 where the sum is large enough and 0 elsewhere, into the first plane.
+void splitLevels(cv::Mat (&planes)[3]) {
+    const auto count = static_cast<int>(planes[0].total());
+    uchar* blue = planes[0].data;
+    const uchar* green = planes[1].data;
+    const uchar* red = planes[2].data;
     const cv::v_uint16x8 limit = cv::v_setall_u16(kWhiteSum - 1);
-    int x = 0;
-    for (; x + 16 <= width; x += 16) {
-        uchar* pixels = row + 3 * x;
-        cv::v_uint8x16 channel[3];
-        cv::v_load_deinterleave(pixels, channel[0], channel[1], channel[2]);
+    int i = 0;
+    for (; i + 16 <= count; i += 16) {
         cv::v_uint16x8 low[3];
         cv::v_uint16x8 high[3];
-        for (int c = 0; c < 3; ++c) {
-            cv::v_expand(channel[c], low[c], high[c]);
-        }
+        cv::v_expand(cv::v_load(blue + i), low[0], high[0]);
+        cv::v_expand(cv::v_load(green + i), low[1], high[1]);
+        cv::v_expand(cv::v_load(red + i), low[2], high[2]);
         const cv::v_uint16x8 whiteLow = low[0] + low[1] + low[2] > limit;
         const cv::v_uint16x8 whiteHigh = high[0] + high[1] + high[2] > limit;
         // Packing limits the all-ones lanes to 255.
-        const cv::v_uint8x16 level = cv::v_pack(whiteLow, whiteHigh);
-        cv::v_store_interleave(pixels, level, level, level);
+        cv::v_store(blue + i, cv::v_pack(whiteLow, whiteHigh));
     }
-    for (; x < width; ++x) {
-        uchar* pixel = row + 3 * x;
-        const uchar level = pixel[0] + pixel[1] + pixel[2] >= kWhiteSum ? 255 : 0;
-        pixel[0] = pixel[1] = pixel[2] = level;
+    for (; i < count; ++i) {
+        blue[i] = blue[i] + green[i] + red[i] >= kWhiteSum ? 255 : 0;
     }
 }
 
@@ -44,9 +45,12 @@ bool CWoodFilter::Apply(IplImage** image) {
     if (picture.empty()) {
         return false;
     }
-    for (int y = 0; y < picture.rows; ++y) {
-        woodRow(picture.ptr(y), picture.cols);
-    }
+    forEachRowBand(picture, [](cv::Mat& rows) {
+        cv::Mat planes[3];
+        cv::split(rows, planes);
+        splitLevels(planes);
+        cv::cvtColor(planes[0], rows, cv::COLOR_GRAY2BGR);
+    });
     return true;
 }
 

@@ -43,7 +43,7 @@ QString languageEntry(const QString& section, const QString& key, qsizetype limi
     if (!language.file) {
         language.file = IniFile::fromFile(language.path);
     }
-    return xmlText(QStringView(language.file->value(section, key)).left(limit - 1));
+    return xmlText(language.file->value(section, key).left(limit - 1));
 }
 
 std::optional<QString> languagePicturePath(const QString& name) {

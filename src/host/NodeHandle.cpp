@@ -33,7 +33,9 @@ void ReleaseNode(_HNODE* node) {
 void ReleaseImgBuf(_HNODE* node) {
     if (node != nullptr && node->data != nullptr && node->data->image != nullptr) {
         const std::lock_guard lock(imageBufferLock());
-        node->data->image->GetProcessor()->ReleaseImages();
+        if (node->data->image != recordInEdit()) {
+            node->data->image->GetProcessor()->ReleaseImages();
+        }
     }
 }
 

@@ -10,6 +10,7 @@
 #include "base/XmlText.h"
 #include "model/SelectionMarks.h"
 #include "text/EffectXml.h"
+#include "text/SharedStyle.h"
 #include "xml/LORXMLNodeWrite.h"
 #include "xml/XMLParse.h"
 
@@ -84,7 +85,7 @@ bool isSameStyle(const TextStyle& a, const TextStyle& b) {
 }  // namespace
 
 CDVDImageText::CDVDImageText(CSpriteOwner* owner, const QString& baseFolder)
-    : CDVDImageSprite(owner, kTextSprite), m_name(baseFolder) {}
+    : CDVDImageSprite(owner, kTextSprite), m_name(baseFolder), m_style(defaultStyle()) {}
 
 CDVDImageText::CDVDImageText(const CDVDImageText& other) = default;
 
@@ -105,7 +106,7 @@ QSize CDVDImageText::GetSize() const {
 }
 
 bool CDVDImageText::IsEqual(const CDVDImageText& other) const {
-    return CDVDImageSprite::IsEqual(other) && m_text == other.m_text && m_style == other.m_style;
+    return CDVDImageSprite::IsEqual(other) && m_text == other.m_text && *m_style == *other.m_style;
 }
 
 bool CDVDImageText::IsNotEqual(const CDVDImageText& other) const {
@@ -133,7 +134,9 @@ int CDVDImageText::Load(const CXMLParse& reader, const QString& nodePath) {
     element.GetIntAttribute("x0", position.rx());
     element.GetIntAttribute("y0", position.ry());
     SetPosition(position.x(), position.y());
-    readStyle(element, m_style);
+    TextStyle style = *m_style;
+    readStyle(element, style);
+    m_style = sharedStyle(style);
     m_text = element.LeadingText();
     if (element.Child("text_effect") && m_text.endsWith(kBeforeEffect)) {
         m_text.chop(kBeforeEffect.size());
@@ -147,13 +150,13 @@ int CDVDImageText::Save(int depth) const {
     CLORXMLNodeWrite element(depth, u"text");
     element.AddAttribute(u"x0", position.x());
     element.AddAttribute(u"y0", position.y());
-    addStyle(element, m_style);
+    addStyle(element, *m_style);
     if (!m_text.isEmpty()) {
         element.SetText(m_text);
         element.SetText(u"\n");
     }
     element.Flush();
-    writeTextEffect(depth + 1, m_style.effect);
+    writeTextEffect(depth + 1, m_style->effect);
     return 1;
 }
 
@@ -161,28 +164,28 @@ void CDVDImageText::SetStyle(const TextStyle& style) {
     TextStyle adapted = style;
     adapted.effect.font_size = style.size;
     adapted.effect.SetFontName(style.GetFont());
-    if (isSameStyle(m_style, style) || isSameStyle(m_style, adapted)) {
+    if (isSameStyle(*m_style, style) || isSameStyle(*m_style, adapted)) {
         return;
     }
     MarkOwnerChanged();
-    m_style = adapted;
+    m_style = sharedStyle(adapted);
     m_isMeasured = false;
 }
 
 void CDVDImageText::Measure() const {
-    m_layoutSize = CPhotoTextEffect::Measure(layoutFont(m_style), GetShownText());
-    const double scale = m_style.effect.font_size / kLayoutPoints;
+    m_layoutSize = CPhotoTextEffect::Measure(layoutFont(*m_style), GetShownText());
+    const double scale = m_style->effect.font_size / kLayoutPoints;
     m_size = {truncated(m_layoutSize.width() * scale), truncated(m_layoutSize.height() * scale)};
     m_isMeasured = true;
 }
 
 QPoint CDVDImageText::GetTextOrigin() const {
     const QPoint position = GetPosition();
-    if (m_style.shadow == 0) {
+    if (m_style->shadow == 0) {
         return position;
     }
-    return {truncated(static_cast<double>(position.x()) + m_style.shadow_x),
-            truncated(static_cast<double>(position.y()) + m_style.shadow_y)};
+    return {truncated(static_cast<double>(position.x()) + m_style->shadow_x),
+            truncated(static_cast<double>(position.y()) + m_style->shadow_y)};
 }
 
 Rect CDVDImageText::GetContainmentRect() const {
@@ -203,7 +206,7 @@ int CDVDImageText::Draw(QPainter& painter, QPoint offset, int mode) {
     }
     const double canvasX = static_cast<double>(GetCanvasWidth()) / kStageWidth;
     const double canvasY = static_cast<double>(GetCanvasHeight()) / kStageHeight;
-    const double scale = m_style.effect.font_size / kLayoutPoints;
+    const double scale = m_style->effect.font_size / kLayoutPoints;
     const QPointF corner((static_cast<double>(GetPosition().x()) + offset.x()) * canvasX,
                          (static_cast<double>(GetPosition().y()) + offset.y()) * canvasY);
     const QSizeF drawn(m_layoutSize.width() * scale * canvasX,
@@ -216,8 +219,8 @@ int CDVDImageText::Draw(QPainter& painter, QPoint offset, int mode) {
         painter.setClipRect(room & canvas, Qt::IntersectClip);
         painter.translate(corner);
         painter.scale(scale * canvasX, scale * canvasY);
-        CPhotoTextEffect::Draw(painter, TextureFolder(m_name), layoutFont(m_style), {0.0, 0.0},
-                               GetShownText(), m_style.effect, m_style.align);
+        CPhotoTextEffect::Draw(painter, TextureFolder(m_name), layoutFont(*m_style), {0.0, 0.0},
+                               GetShownText(), m_style->effect, m_style->align);
         painter.restore();
     }
     if (mode == kDrawSelected || mode == kDrawSelectedToo) {

@@ -42,24 +42,33 @@ std::int32_t countIn(const XmlNode& node, const char* name) {
     return count;
 }
 
+/// The project's element: the outermost one, or wherever a foreign file has put it.
+std::vector<XmlNode> projectRoots(const CXMLParse& reader) {
+    if (const XmlNode outermost = reader.Select(QStringLiteral("ZEV_Photo_Info"))) {
+        return {outermost};
+    }
+    return reader.SelectAll(QStringLiteral("//ZEV_Photo_Info"));
+}
+
 class Loader {
 public:
     Loader(CXMLParse& reader, const QString& baseFolder)
-        : m_reader(reader), m_baseFolder(baseFolder) {}
+        : m_reader(reader), m_baseFolder(baseFolder), m_roots(projectRoots(reader)) {}
 
     void loadAlbum(CDVDAlbumImage& album) {
-        const XmlNode node = m_reader.Select(QStringLiteral("//ZEV_Photo_Info/Album_Data"));
-        const std::vector<XmlNode> sprites =
-            m_reader.SelectAll(QStringLiteral("//ZEV_Photo_Info/Album_Data/Sprite_Data"));
-        for (const auto& [id, sprite] : numberedNodes(sprites, countIn(node, "sprite_count"))) {
+        const std::vector<XmlNode> albums = childrenNamed("Album_Data");
+        if (albums.empty()) {
+            return;
+        }
+        const std::int32_t count = countIn(albums.front(), "sprite_count");
+        for (const auto& [id, sprite] : numberedChildren(albums, "Sprite_Data", count)) {
             loadSprite(sprite, album, true);
         }
     }
 
     /// The elements of all photos by their id.
     [[nodiscard]] std::map<std::int32_t, std::vector<XmlNode>> photos(std::int32_t count) const {
-        return groupedById(m_reader.SelectAll(QStringLiteral("//ZEV_Photo_Info/Image_Data")),
-                           count);
+        return groupedById(childrenNamed("Image_Data"), count);
     }
 
     /// @param nodes  The photo's elements: one, unless a file numbers several alike.
@@ -105,8 +114,19 @@ private:
         return true;
     }
 
+    [[nodiscard]] std::vector<XmlNode> childrenNamed(const char* name) const {
+        std::vector<XmlNode> children;
+        for (const XmlNode& root : m_roots) {
+            for (XmlNode child = root.Child(name); child; child = child.NextSibling(name)) {
+                children.push_back(child);
+            }
+        }
+        return children;
+    }
+
     CXMLParse& m_reader;
     QString m_baseFolder;
+    std::vector<XmlNode> m_roots;
 };
 
 }  // namespace

@@ -11,6 +11,8 @@ namespace {
 constexpr int kBandRows = 32;
 /// How much finer than a pixel curves are followed.
 constexpr double kFineness = 4.0;
+/// Steps shorter than this share of a pixel are joined to longer ones.
+constexpr double kShortestStep = 0.125;
 
 QRect touchedArea(const QPainterPath& path, const QTransform& toPixels, const QRect& visible) {
     const QRectF bounds = toPixels.mapRect(path.controlPointRect());
@@ -38,12 +40,16 @@ void OutlineCoverage::addContour(const QPolygonF& contour) {
     if (contour.isEmpty()) {
         return;
     }
-    QPointF from = contour.back() / kFineness;
+    const QPointF start = contour.front() / kFineness;
+    QPointF from = start;
     for (const QPointF& point : contour) {
         const QPointF to = point / kFineness;
-        addEdge(from, to);
-        from = to;
+        if ((to - from).manhattanLength() >= kShortestStep) {
+            addEdge(from, to);
+            from = to;
+        }
     }
+    addEdge(from, start);
 }
 
 /// Cuts an edge at the sides of the area. What lies left of it still turns the winding of all that
@@ -175,15 +181,22 @@ Coverage::Run OutlineCoverage::row(int y) {
     if (changes.from >= end) {
         return {};
     }
+    const auto toByte = [](float winding) {
+        return static_cast<quint8>(std::min(std::abs(winding), 1.0F) * 255.0F + 0.5F);
+    };
     float sum = 0.0F;
     for (int x = changes.from; x < end; ++x) {
         sum += changes.values[x];
-        m_result[static_cast<std::size_t>(x)] =
-            static_cast<quint8>(std::min(std::abs(sum), 1.0F) * 255.0F + 0.5F);
+        m_result[static_cast<std::size_t>(x)] = toByte(sum);
     }
-    return {area().left() + changes.from,
-            std::span(m_result).subspan(static_cast<std::size_t>(changes.from),
-                                        static_cast<std::size_t>(end - changes.from))};
+    // A shape that reaches beyond the area covers all up to its side.
+    const quint8 beyond = toByte(sum);
+    if (beyond != 0) {
+        std::fill(m_result.begin() + end, m_result.end(), beyond);
+    }
+    const auto from = static_cast<std::size_t>(changes.from);
+    const auto count = static_cast<std::size_t>(beyond != 0 ? area().width() : end) - from;
+    return {area().left() + changes.from, std::span(m_result).subspan(from, count)};
 }
 
 }  // namespace vellora

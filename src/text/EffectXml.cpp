@@ -6,27 +6,22 @@
 namespace vellora {
 namespace {
 
-bool isText(const QString& value, QLatin1StringView expected) {
-    return value.compare(expected, Qt::CaseInsensitive) == 0;
-}
-
 std::int32_t readFlag(const XmlNode& element, const char* name) {
-    return isText(element.Attribute(name), QLatin1StringView("true")) ? 1 : 0;
+    return element.AttributeIs(name, "true") ? 1 : 0;
 }
 
 TextBrushSettings readBrush(const XmlNode& layer) {
     TextBrushSettings brush;
-    const QString style = layer.Attribute("style");
     const XmlNode color = layer.Child("color");
-    if (isText(style, QLatin1StringView("gradient"))) {
+    if (layer.AttributeIs("style", "gradient")) {
         brush.type = kGradientBrush;
         color.GetColorAttribute("color1", brush.colour1);
         color.GetColorAttribute("color2", brush.colour2);
         color.GetIntAttribute("angle", brush.angle);
         color.GetIntAttribute("grad_pos_percent", brush.position_percent);
-    } else if (isText(style, QLatin1StringView("solid"))) {
+    } else if (layer.AttributeIs("style", "solid")) {
         color.GetColorAttribute("color1", brush.colour);
-    } else if (isText(style, QLatin1StringView("texture"))) {
+    } else if (layer.AttributeIs("style", "texture")) {
         brush.type = kTextureBrush;
         brush.SetTextureName(layer.Child("file").Attribute("name"));
     }
@@ -36,11 +31,9 @@ TextBrushSettings readBrush(const XmlNode& layer) {
 void readShadow(const XmlNode& layer, TextEffectRecord& effect) {
     layer.GetIntAttribute("offset", effect.shadow_offset);
     layer.GetIntAttribute("angle", effect.shadow_angle);
-    const QString order = layer.Attribute("order");
-    effect.shadow_order =
-        isText(order, QLatin1StringView("onHalo")) || isText(order, QLatin1StringView("onEmboss"))
-            ? 1
-            : 0;
+    const bool isOnTop =
+        layer.AttributeIs("order", "onHalo") || layer.AttributeIs("order", "onEmboss");
+    effect.shadow_order = isOnTop ? 1 : 0;
     effect.shadow_brush = readBrush(layer);
 }
 

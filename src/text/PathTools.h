@@ -4,8 +4,12 @@
 
 namespace vellora {
 
-/// The area that a pen of that width covers along a path, with round joins, to be filled by the
-/// winding rule.
+/// The path with its outer contours turning clockwise: fonts differ in that, and shapes that turn
+/// opposite ways would cut holes into each other.
+QPainterPath turnedClockwise(const QPainterPath& path);
+
+/// The area that a pen of that width covers along closed contours, with round joins, to be filled
+/// by the winding rule.
 ///
 /// @param scale  Device pixels per unit, for the smoothness of curves.
 QPainterPath widened(const QPainterPath& path, double width, double scale);

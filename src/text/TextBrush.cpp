@@ -75,6 +75,7 @@ void CTextBrush::SetTexture(const QString& fileName) {
 void CTextBrush::SetBorder(const TextBrushSettings& brush, std::int32_t size) {
     m_border = brush;
     m_borderSize = size;
+    m_borderPath.clear();
 }
 
 void CTextBrush::Prepare(const QString& textureFolder, const QPainterPath& outline,
@@ -123,18 +124,30 @@ void CTextBrush::DrawEmboss(TextCanvas& canvas, std::int32_t size, std::int32_t 
     }
     if (withBorder) {
         m_outline = pen;
+        m_borderPath = BorderPath(canvas, true);
         DrawBorder(canvas);
     }
 }
 
-void CTextBrush::DrawBorder(TextCanvas& canvas) const {
+/// The line along the outline. Along a widened outline it is, unless it is thin, the line along
+/// the outline that was widened, broader by the pen.
+QPainterPath CTextBrush::BorderPath(const TextCanvas& canvas, bool isWidened) const {
+    const double width = std::min<double>(m_borderSize, 2 * farthest(canvas, m_outline));
+    return isWidened && width >= kEmbossPen
+               ? widened(m_haloOutline, width + kEmbossPen, canvas.scale())
+               : widened(m_outline, width, canvas.scale());
+}
+
+void CTextBrush::DrawBorder(TextCanvas& canvas) {
     if (m_borderSize <= 0 || m_border.type == kTextureBrush) {
         return;
     }
+    if (m_borderPath.isEmpty()) {
+        m_borderPath = BorderPath(canvas, false);
+    }
     TextBrushSettings settings = m_border;
     settings.position_percent = 0;
-    const double width = std::min<double>(m_borderSize, 2 * farthest(canvas, m_outline));
-    canvas.fill(widened(m_outline, width, canvas.scale()), MakeTextBrush(m_bounds, settings, {}));
+    canvas.fill(m_borderPath, MakeTextBrush(m_bounds, settings, {}));
 }
 
 }  // namespace vellora

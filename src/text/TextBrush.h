@@ -36,7 +36,8 @@ public:
     void DrawEmboss(TextCanvas& canvas, std::int32_t size, std::int32_t angle, bool withBorder);
 
 private:
-    void DrawBorder(TextCanvas& canvas) const;
+    void DrawBorder(TextCanvas& canvas);
+    [[nodiscard]] QPainterPath BorderPath(const TextCanvas& canvas, bool isWidened) const;
     QBrush MakeBrush(const TextCanvas& canvas);
 
     TextBrushSettings m_settings = TextBrushSettings::Solid(0x00FFFFFF);
@@ -46,6 +47,7 @@ private:
     QRectF m_bounds;
     QPainterPath m_outline;  // of face and border; an extrusion widens it
     QPainterPath m_haloOutline;
+    QPainterPath m_borderPath;  // made when the border is first drawn
 };
 
 }  // namespace vellora

@@ -36,6 +36,7 @@ quint32 scaled(quint32 colour, quint32 share) {
 /// the colour of the run's pixel `i`.
 template <class ColourAt>
 void drawOver(quint32* target, std::span<const quint8> coverage, const ColourAt& colourAt) {
+    constexpr auto kWhole = ~quint64{0};
     const std::size_t count = coverage.size();
     for (std::size_t i = 0; i < count;) {
         quint64 eight = 0;
@@ -48,8 +49,10 @@ void drawOver(quint32* target, std::span<const quint8> coverage, const ColourAt&
         }
         const std::size_t end = std::min(i + sizeof(eight), count);
         for (; i < end; ++i) {
-            const quint32 source = scaled(colourAt(i), coverage[i]);
-            target[i] = source + scaled(target[i], 255U - (source >> 24U));
+            const quint32 colour = colourAt(i);
+            const quint32 source = eight == kWhole ? colour : scaled(colour, coverage[i]);
+            const quint32 seen = 255U - (source >> 24U);
+            target[i] = seen == 0 ? source : source + scaled(target[i], seen);
         }
     }
 }

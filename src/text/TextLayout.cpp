@@ -6,6 +6,8 @@
 #include <QTextLayout>
 #include <QTextOption>
 
+#include "text/PathTools.h"
+
 namespace vellora {
 namespace {
 
@@ -118,13 +120,14 @@ QPainterPath TextLayout::outline(const QRectF& area) const {
             }
             auto outline = outlines.find(indexes[i]);
             if (outline == outlines.end()) {
-                outline = outlines.insert(indexes[i], font.pathForGlyph(indexes[i]));
+                outline =
+                    outlines.insert(indexes[i], turnedClockwise(font.pathForGlyph(indexes[i])));
             }
             path.addPath(outline->translated(position));
         }
     }
     for (const QRectF& rule : m_rules) {
-        path.addRect(rule);
+        path.addRect(rule);  // clockwise
     }
     return path;
 }

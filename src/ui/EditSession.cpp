@@ -22,16 +22,22 @@ void EditSession::setPhoto(CDVDImage* record, CDVDAlbumImage* album) {
         Q_EMIT photoAboutToChange();
     }
     m_record = record;
+    m_recordLife = record != nullptr ? record->GetLife() : std::weak_ptr<const void>();
     m_album = album;
     Q_EMIT photoChanged();
 }
 
+void EditSession::forgetPhoto() {
+    m_record = nullptr;
+    setPhoto(nullptr, nullptr);
+}
+
 _PHOTO_LIST_NODE* EditSession::node() const {
-    return m_record != nullptr ? m_record->GetNode() : nullptr;
+    return record() != nullptr ? m_record->GetNode() : nullptr;
 }
 
 bool EditSession::hasPicture() const {
-    return m_record != nullptr && m_record->GetProcessor()->GetWorking() != nullptr;
+    return record() != nullptr && m_record->GetProcessor()->GetWorking() != nullptr;
 }
 
 Rect EditSession::placedPhoto() const {
@@ -44,7 +50,7 @@ Rect EditSession::placedPhoto() const {
 }
 
 void EditSession::perform(PhotoEdit kind, const std::function<void()>& change) {
-    if (m_record == nullptr) {
+    if (record() == nullptr) {
         return;
     }
     change();
@@ -59,7 +65,7 @@ bool EditSession::holds(const CDVDImageSprite* sprite) const {
 }
 
 CDVDImageSpriteArray* EditSession::listOf(const CDVDImageSprite* sprite) const {
-    if (m_record != nullptr && m_record->GetSprites().IndexOf(sprite) >= 0) {
+    if (record() != nullptr && m_record->GetSprites().IndexOf(sprite) >= 0) {
         return &m_record->GetSprites();
     }
     if (m_album != nullptr && m_album->GetSprites().IndexOf(sprite) >= 0) {

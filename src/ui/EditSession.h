@@ -43,12 +43,14 @@ public:
 
     /// Opens a photo, or closes the present one with null.
     void setPhoto(CDVDImage* record, CDVDAlbumImage* album);
-    [[nodiscard]] CDVDImage* record() const { return m_record; }
+    /// Closes the present photo without a last edit, because its records may be gone.
+    void forgetPhoto();
+    [[nodiscard]] CDVDImage* record() const { return m_recordLife.expired() ? nullptr : m_record; }
     [[nodiscard]] CDVDAlbumImage* album() const { return m_album; }
     /// The host record of the open photo, or null.
     [[nodiscard]] _PHOTO_LIST_NODE* node() const;
     /// Whether there are both a record and an album.
-    [[nodiscard]] bool isOpen() const { return m_record != nullptr && m_album != nullptr; }
+    [[nodiscard]] bool isOpen() const { return record() != nullptr && m_album != nullptr; }
     /// Whether the photo has a picture.
     [[nodiscard]] bool hasPicture() const;
     /// Where the photo lies on the stage; empty without a picture.
@@ -101,6 +103,7 @@ Q_SIGNALS:
 
 private:
     CDVDImage* m_record = nullptr;
+    std::weak_ptr<const void> m_recordLife;  ///< Ends when the host deletes the photo's node.
     CDVDAlbumImage* m_album = nullptr;
 };
 

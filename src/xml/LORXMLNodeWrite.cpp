@@ -1,7 +1,10 @@
 #include "xml/LORXMLNodeWrite.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
+#include <string_view>
+#include <utility>
 
 #include "base/SafeFile.h"
 
@@ -11,7 +14,7 @@ namespace {
 constexpr int kIndent = 4;
 
 struct Document {
-    QString buffer;
+    std::string buffer;
     SafeFile* target = nullptr;
     int liveWriters = 0;
     qint64 tagsBegun = 0;
@@ -21,36 +24,49 @@ struct Document {
 Document g_document;
 
 void indent(int depth) {
-    g_document.buffer.resize(g_document.buffer.size() + qsizetype{depth} * kIndent, u' ');
+    g_document.buffer.append(static_cast<std::size_t>(depth) * kIndent, ' ');
 }
 
-QStringView escapeOf(QChar c) {
-    switch (c.unicode()) {
+std::string_view escapeOf(char16_t c) {
+    switch (c) {
         case u'&':
-            return u"&amp;";
+            return "&amp;";
         case u'<':
-            return u"&lt;";
+            return "&lt;";
         case u'>':
-            return u"&gt;";
+            return "&gt;";
         case u'"':
-            return u"&quot;";
+            return "&quot;";
         case u'\'':
-            return u"&apos;";
+            return "&apos;";
         default:
             return {};
     }
 }
 
-void appendEscaped(QString& to, QStringView value) {
+void appendUtf8(std::string& to, QStringView text) {
+    const bool isAscii = std::ranges::all_of(text, [](QChar c) { return c.unicode() < 0x80; });
+    if (isAscii) {
+        const std::size_t begin = to.size();
+        to.resize(begin + static_cast<std::size_t>(text.size()));
+        std::ranges::transform(text, to.begin() + static_cast<std::ptrdiff_t>(begin),
+                               [](QChar c) { return static_cast<char>(c.unicode()); });
+        return;
+    }
+    const QByteArray bytes = text.toUtf8();
+    to.append(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+}
+
+void appendEscaped(std::string& to, QStringView value) {
     qsizetype begin = 0;
     for (qsizetype i = 0; i < value.size(); ++i) {
-        if (const QStringView escape = escapeOf(value[i]); !escape.empty()) {
-            to += value.sliced(begin, i - begin);
+        if (const std::string_view escape = escapeOf(value[i].unicode()); !escape.empty()) {
+            appendUtf8(to, value.sliced(begin, i - begin));
             to += escape;
             begin = i + 1;
         }
     }
-    to += value.sliced(begin);
+    appendUtf8(to, value.sliced(begin));
 }
 
 }  // namespace
@@ -66,11 +82,11 @@ int BeginXMLDocument() {
 }
 
 void WriteXMLHeader() {
-    g_document.buffer = QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\n");
+    g_document.buffer = "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\n";
 }
 
-const QString& XMLBuffer() {
-    return g_document.buffer;
+QString XMLBuffer() {
+    return QString::fromStdString(g_document.buffer);
 }
 
 void SetXMLTarget(SafeFile* target) {
@@ -78,19 +94,20 @@ void SetXMLTarget(SafeFile* target) {
 }
 
 int WriteXMLBuffer() {
-    const QByteArray bytes = g_document.buffer.toUtf8();
-    g_document.buffer = QString();
+    const std::string text = std::exchange(g_document.buffer, {});
     if (g_document.target == nullptr) {
         return 0;
     }
+    const auto bytes = QByteArray::fromRawData(text.data(), static_cast<qsizetype>(text.size()));
     return bytes.isEmpty() || g_document.target->Write(bytes) ? 1 : 0;
 }
 
 CLORXMLNodeWrite::CLORXMLNodeWrite(int depth, QStringView name, bool textMode)
-    : m_depth(depth), m_textMode(textMode), m_name(name.toString()) {
+    : m_depth(depth), m_textMode(textMode) {
+    appendUtf8(m_name, name);
     ++g_document.liveWriters;
     indent(m_depth);
-    g_document.buffer += u'<';
+    g_document.buffer += '<';
     g_document.buffer += m_name;
     ++g_document.tagsBegun;
 }
@@ -100,23 +117,27 @@ CLORXMLNodeWrite::~CLORXMLNodeWrite() {
 }
 
 void CLORXMLNodeWrite::BeginAttribute(QStringView name) {
-    m_attributes += u' ';
-    m_attributes += name;
-    m_attributes += u"=\"";
+    constexpr std::size_t kUsualLength = 240;
+    if (m_attributes.empty()) {
+        m_attributes.reserve(kUsualLength);
+    }
+    m_attributes += ' ';
+    appendUtf8(m_attributes, name);
+    m_attributes += "=\"";
 }
 
 void CLORXMLNodeWrite::AddAttribute(QStringView name, QStringView value) {
     BeginAttribute(name);
     appendEscaped(m_attributes, value);
-    m_attributes += u'"';
+    m_attributes += '"';
 }
 
 void CLORXMLNodeWrite::AddAttribute(QStringView name, std::int32_t value) {
     std::array<char, 12> digits{};
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
     BeginAttribute(name);
-    m_attributes += QLatin1StringView(digits.data(), end);
-    m_attributes += u'"';
+    m_attributes.append(digits.data(), end);
+    m_attributes += '"';
 }
 
 void CLORXMLNodeWrite::AddColorAttribute(QStringView name, DWORD value) {
@@ -124,12 +145,12 @@ void CLORXMLNodeWrite::AddColorAttribute(QStringView name, DWORD value) {
     std::array<char, 8> digits{};
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value, 16).ptr;
     BeginAttribute(name);
-    m_attributes += u"0x";
+    m_attributes += "0x";
     for (auto length = end - digits.data(); length < kLeastDigits; ++length) {
-        m_attributes += u'0';
+        m_attributes += '0';
     }
-    m_attributes += QLatin1StringView(digits.data(), end);
-    m_attributes += u'"';
+    m_attributes.append(digits.data(), end);
+    m_attributes += '"';
 }
 
 void CLORXMLNodeWrite::AddRGBColorAttribute(QStringView name, COLORREF colour) {
@@ -139,18 +160,18 @@ void CLORXMLNodeWrite::AddRGBColorAttribute(QStringView name, COLORREF colour) {
 }
 
 void CLORXMLNodeWrite::SetText(QStringView text) {
-    m_text += text;
+    appendEscaped(m_text, text);
 }
 
 void CLORXMLNodeWrite::Flush() {
     g_document.buffer += m_attributes;
     m_attributes.clear();
-    if (!m_text.isEmpty()) {
-        g_document.buffer += u'>';
-        appendEscaped(g_document.buffer, m_text);
+    if (!m_text.empty()) {
+        g_document.buffer += '>';
+        g_document.buffer += m_text;
         ++g_document.tagsCompleted;
     } else if (!m_textMode) {
-        g_document.buffer += u">\n";
+        g_document.buffer += ">\n";
         ++g_document.tagsCompleted;
     }
 }
@@ -163,13 +184,13 @@ void CLORXMLNodeWrite::Close() {
         if (!m_textMode) {
             indent(m_depth);
         }
-        g_document.buffer += u"</";
+        g_document.buffer += "</";
         g_document.buffer += m_name;
-        g_document.buffer += u">\n";
+        g_document.buffer += ">\n";
         ++g_document.tagsBegun;
         ++g_document.tagsCompleted;
     } else if (g_document.tagsBegun == g_document.tagsCompleted + 1) {
-        g_document.buffer += u"/>\n";
+        g_document.buffer += "/>\n";
         ++g_document.tagsCompleted;
     }
     --g_document.liveWriters;

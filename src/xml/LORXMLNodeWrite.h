@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <string>
 
 #include <vellora/base/Types.h>
 
@@ -9,7 +10,7 @@ namespace vellora {
 class SafeFile;
 
 /// @file
-/// The streaming XML writer: one document at a time, built as text in memory and written at once.
+/// The streaming XML writer: one document at a time, built in memory and written at once.
 ///
 /// Order of use: `BeginXMLDocument`, `WriteXMLHeader`, writer objects made and destroyed in
 /// document order (children within the life of their parent, each flushed once its attributes are
@@ -27,12 +28,12 @@ int BeginXMLDocument();
 void WriteXMLHeader();
 
 /// The text built so far.
-const QString& XMLBuffer();
+QString XMLBuffer();
 
 /// The opened file that the document goes to; null for none. Not owned.
 void SetXMLTarget(SafeFile* target);
 
-/// Writes the buffer as UTF-8 to the target and empties it.
+/// Writes the buffer, which is UTF-8, to the target and empties it.
 /// @return 1, or 0 when writing failed or no target is set.
 int WriteXMLBuffer();
 
@@ -72,9 +73,9 @@ private:
     int m_depth;
     bool m_textMode;
     bool m_closed = false;
-    QString m_name;
-    QString m_text;
-    QString m_attributes;  // pending, as they will stand in the start tag
+    std::string m_name;  // all in UTF-8, as they will stand in the file
+    std::string m_text;
+    std::string m_attributes;
 };
 
 }  // namespace vellora

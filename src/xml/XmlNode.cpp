@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstring>
 #include <limits>
 #include <optional>
 #include <string_view>
@@ -18,12 +17,30 @@ QString textFrom(const char* utf8) {
 
 struct ScannedNumber {
     bool negative;
-    std::uint64_t magnitude;  // stops at the largest value
+    std::uint64_t magnitude;  // stops far beyond 32 bits
 };
+
+bool isBlank(char c) {
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+/// The value of a digit, or -1 for another character or a digit that the base does not have.
+int digitOf(char c, int base) {
+    int digit = -1;
+    if (c >= '0' && c <= '9') {
+        digit = c - '0';
+    } else if (const int letter = c | 0x20; letter >= 'a' && letter <= 'f') {
+        digit = letter - 'a' + 10;
+    }
+    return digit < base ? digit : -1;
+}
 
 /// Scans as "%d" and "%x" do: blanks, a sign, "0x" for base 16, digits; the rest is ignored.
 std::optional<ScannedNumber> scanNumber(const char* text, int base) {
-    text += std::strspn(text, " \t\r\n\v\f");
+    constexpr std::uint64_t kEnough = std::uint64_t{1} << 40U;
+    while (isBlank(*text)) {
+        ++text;
+    }
     ScannedNumber number{*text == '-', 0};
     if (*text == '-' || *text == '+') {
         ++text;
@@ -31,13 +48,12 @@ std::optional<ScannedNumber> scanNumber(const char* text, int base) {
     if (base == 16 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X')) {
         text += 2;
     }
-    const auto [end, error] =
-        std::from_chars(text, text + std::strlen(text), number.magnitude, base);
-    if (error == std::errc::invalid_argument) {
+    if (digitOf(*text, base) < 0) {
         return std::nullopt;
     }
-    if (error == std::errc::result_out_of_range) {
-        number.magnitude = std::numeric_limits<std::uint64_t>::max();
+    for (int digit = digitOf(*text, base); digit >= 0; digit = digitOf(*++text, base)) {
+        number.magnitude = std::min(
+            kEnough, number.magnitude * static_cast<unsigned>(base) + static_cast<unsigned>(digit));
     }
     return number;
 }
@@ -66,6 +82,17 @@ pugi::xml_node firstElementFrom(pugi::xml_node node) {
     return node;
 }
 
+/// The blanks in front of the first child of an element. The parser makes no node of blanks alone
+/// between tags, but they still stand in the text it parsed, in front of the child's "<".
+QString blanksBefore(const pugi::xml_node& child) {
+    const char* end = child.name() - 1;
+    const char* begin = end;
+    while (isBlank(begin[-1])) {
+        --begin;
+    }
+    return QString::fromUtf8(begin, end - begin);
+}
+
 /// The number in a text of nothing but a number without sign or leading zeros, else -1.
 std::int32_t plainNumber(std::string_view text) {
     std::int32_t number = -1;
@@ -77,6 +104,14 @@ std::int32_t plainNumber(std::string_view text) {
 
 }  // namespace
 
+pugi::xml_attribute XmlNode::attribute(const char* name) const {
+    return m_node.attribute(name, m_hint);
+}
+
+bool XmlNode::AttributeIs(const char* name, const char* text) const {
+    return qstricmp(attribute(name).value(), text) == 0;
+}
+
 int XmlNode::resultOf(const pugi::xml_attribute& attribute) const {
     if (!m_node) {
         return kXmlNoNode;
@@ -85,42 +120,42 @@ int XmlNode::resultOf(const pugi::xml_attribute& attribute) const {
 }
 
 int XmlNode::GetAttribute(const char* name, QString& out) const {
-    const pugi::xml_attribute attribute = m_node.attribute(name);
-    out = textFrom(attribute.value());
-    return resultOf(attribute);
+    const pugi::xml_attribute found = attribute(name);
+    out = textFrom(found.value());
+    return resultOf(found);
 }
 
 int XmlNode::GetIntAttribute(const char* name, std::int32_t& out) const {
-    const pugi::xml_attribute attribute = m_node.attribute(name);
-    if (const auto number = scanNumber(attribute.value(), 10)) {
+    const pugi::xml_attribute found = attribute(name);
+    if (const auto number = scanNumber(found.value(), 10)) {
         out = toInt32(*number);
     }
-    return resultOf(attribute);
+    return resultOf(found);
 }
 
 int XmlNode::GetHexAttribute(const char* name, std::uint32_t& out) const {
-    const pugi::xml_attribute attribute = m_node.attribute(name);
-    if (const auto number = scanNumber(attribute.value(), 16)) {
+    const pugi::xml_attribute found = attribute(name);
+    if (const auto number = scanNumber(found.value(), 16)) {
         out = toUint32(*number);
     }
-    return resultOf(attribute);
+    return resultOf(found);
 }
 
 int XmlNode::GetColorAttribute(const char* name, COLORREF& out) const {
-    const pugi::xml_attribute attribute = m_node.attribute(name);
-    if (const auto number = scanNumber(attribute.value(), 16)) {
+    const pugi::xml_attribute found = attribute(name);
+    if (const auto number = scanNumber(found.value(), 16)) {
         const std::uint32_t rgb = toUint32(*number);
         out = makeColorRef(rgb >> 16U, rgb >> 8U, rgb);
     }
-    return resultOf(attribute);
+    return resultOf(found);
 }
 
 QString XmlNode::Attribute(const char* name) const {
-    return textFrom(m_node.attribute(name).value());
+    return textFrom(attribute(name).value());
 }
 
 std::int32_t XmlNode::Id() const {
-    return plainNumber(m_node.attribute("id").value());
+    return plainNumber(attribute("id").value());
 }
 
 QString XmlNode::Name() const {
@@ -163,6 +198,10 @@ QString XmlNode::Text() const {
 }
 
 QString XmlNode::LeadingText() const {
+    const pugi::xml_node first = m_node.first_child();
+    if (first.type() == pugi::node_element) {
+        return blanksBefore(first);
+    }
     QString text;
     for (const pugi::xml_node& child : m_node.children()) {
         if (child.type() == pugi::node_element) {

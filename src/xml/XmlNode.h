@@ -38,6 +38,9 @@ public:
     int GetColorAttribute(const char* name, COLORREF& out) const;
     /// @}
 
+    /// Whether the attribute has this text, without regard to the case of Latin letters.
+    [[nodiscard]] bool AttributeIs(const char* name, const char* text) const;
+
     /// The attribute's text, empty when there is none.
     [[nodiscard]] QString Attribute(const char* name) const;
 
@@ -70,9 +73,11 @@ public:
 private:
     friend class CXMLParse;
 
+    [[nodiscard]] pugi::xml_attribute attribute(const char* name) const;
     [[nodiscard]] int resultOf(const pugi::xml_attribute& attribute) const;
 
     pugi::xml_node m_node;
+    mutable pugi::xml_attribute m_hint;  // behind the one found last, where the next one may be
 };
 
 /// An element with the number of its "id" attribute.

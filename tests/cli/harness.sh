@@ -45,6 +45,17 @@ same_pictures() {
     [ "$difference" = 0 ] || fail "$1 and $2 differ in $difference pixels"
 }
 
+# json FILE EXPRESSION: the Python expression holds for the file's JSON document d
+json() {
+    python3 -c "import json, sys; d = json.load(open('$1')); sys.exit(0 if ($2) else 1)" ||
+        fail "$1 does not hold: $2"
+}
+
+# edit_json FILE TARGET STATEMENT: writes the document d, changed by a Python statement
+edit_json() {
+    python3 -c "import json; d = json.load(open('$1')); $3; json.dump(d, open('$2', 'w'))"
+}
+
 exists() {
     [ -e "$1" ] || fail "$1 is missing"
 }

@@ -25,7 +25,7 @@ ProjectDocument::~ProjectDocument() {
 std::string ProjectDocument::saved() {
     const QString path = m_folder.filePath("saved.xml");
     EXPECT_EQ(m_object.SaveToXMLFile(path), S_OK);
-    return bytesOf(path).toStdString();
+    return bytesOf(path);
 }
 
 STATUS ProjectDocument::load(const std::string& xml) {
@@ -37,13 +37,13 @@ STATUS ProjectDocument::load(const std::string& xml) {
     return m_object.LoadFromXMLFile(file.fileName());
 }
 
-QByteArray bytesOf(const QString& path) {
+std::string bytesOf(const QString& path) {
     QFile file(path);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return file.readAll();
+    return file.readAll().toStdString();
 }
 
-QByteArray testData(const QString& name) {
+std::string testData(const QString& name) {
     return bytesOf(QStringLiteral(VELLORA_TEST_DATA_DIR "/") + name);
 }
 

@@ -43,9 +43,9 @@ private:
 };
 
 /// The bytes of a file.
-QByteArray bytesOf(const QString& path);
+std::string bytesOf(const QString& path);
 
 /// A file of the folder tests/data.
-QByteArray testData(const QString& name);
+std::string testData(const QString& name);
 
 }  // namespace vellora::test

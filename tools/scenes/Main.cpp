@@ -13,9 +13,10 @@ namespace {
 using vellora::scenes::Scene;
 
 constexpr double kMostMegapixels = 100.0;
+constexpr int kSmallestEdge = 16;
 constexpr int kJpegQuality = 92;
 
-// "WxH", or an empty size.
+// "WxH", or an empty size when the text is none or the scenes cannot be that small or large.
 QSize parseSize(const QString& text) {
     const QStringList parts = text.split(QLatin1Char('x'));
     if (parts.size() != 2) {
@@ -23,13 +24,14 @@ QSize parseSize(const QString& text) {
     }
     const QSize size(parts[0].toInt(), parts[1].toInt());
     const double megapixels = 1e-6 * size.width() * size.height();
-    return size.isValid() && megapixels <= kMostMegapixels ? size : QSize();
+    const bool roomy = std::min(size.width(), size.height()) >= kSmallestEdge;
+    return roomy && megapixels <= kMostMegapixels ? size : QSize();
 }
 
 QSize scaledToMegapixels(QSize size, double megapixels) {
     const double scale = std::sqrt(megapixels * 1e6 / (double(size.width()) * size.height()));
-    return {std::max(1, int(std::lround(size.width() * scale))),
-            std::max(1, int(std::lround(size.height() * scale)))};
+    return {std::max(kSmallestEdge, int(std::lround(size.width() * scale))),
+            std::max(kSmallestEdge, int(std::lround(size.height() * scale)))};
 }
 
 bool writeScene(const Scene& scene, QSize size, const QDir& folder) {

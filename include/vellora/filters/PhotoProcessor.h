@@ -81,12 +81,22 @@ public:
     /// when a side would vanish.
     [[nodiscard]] ImagePtr FitCopy(int maxWidth, int maxHeight) const;
 
+    /// The edited picture with more pixels than the preview has, for surfaces that can show them.
+    ///
+    /// @param detail  Wanted pixels for each pixel of the preview, in each direction.
+    /// @return A new picture, owned by the caller, with as many as the photo gives; null when it
+    ///         gives no more than the preview has, and for a picture that is no preview.
+    [[nodiscard]] ImagePtr MakeDetailed(double detail);
+
     /// Draws the picture into a rectangle of the painter's coordinates.
     ///
     /// A preview picture is shown with the current filter applied to a copy. Where rectangle and
     /// picture differ by less than 2 in each direction, the picture is drawn unscaled at the
     /// rectangle's top-left corner.
     void DrawTo(QPainter& painter, const Rect& rect);
+
+    /// Applies the current filter to a picture as the preview shows it, recording nothing.
+    void ApplyPreview(ImagePtr& picture) const;
 
     /// The filter selected for the preview; not owned.
     void SetCurrentFilter(COpencvFilterInterface* filter) { m_currentFilter = filter; }

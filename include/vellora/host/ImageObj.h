@@ -14,6 +14,7 @@
 #include <vellora/host/PtrList.h>
 
 class QImage;
+class QObject;
 
 namespace vellora {
 
@@ -127,6 +128,24 @@ public:
     /// out, and a file that is missing or no XML document changes nothing.
     /// @return `S_OK`, whatever the file holds.
     STATUS LoadFromXMLFile(const QString& path);
+
+    /// Opens the edit dialog on a photo and returns when the user has closed it.
+    ///
+    /// Every edit is made at once, in the host record and the edit record; there is no cancel. The
+    /// image-buffer lock is held as long as the dialog is open, so other threads wait in
+    /// `GetOutImg` and `ReleaseImgBuf`. Event handlers of the host that run on this thread
+    /// meanwhile may call both, and may add and remove photos: `GetOutImg` gives the photo that is
+    /// being edited as it is committed, and `ReleaseImgBuf` leaves its pictures alone. The host
+    /// creates the `QApplication` before.
+    ///
+    /// @param index        Of the photo; the user may go on to others.
+    /// @param hostWindow   Receives a `HostMessageEvent` after each flip and rotation, for each
+    ///                     photo that is left by going to another, and on the command "Close". When
+    ///                     it is a widget the dialog also stays above its window. May be null, and
+    ///                     may be destroyed meanwhile, which closes the dialog.
+    /// @param hostMessage  The message number that the events carry.
+    /// @return `E_FAIL` when no photo with its records stands at the index.
+    STATUS ShowProcessDialog(int index, QObject* hostWindow, unsigned hostMessage);
 
 private:
     QString m_imageFilePath;

@@ -35,7 +35,8 @@ VELLORA_EXPORT _HNODE* DupHandle(_HNODE* node);
 VELLORA_EXPORT void ReleaseNode(_HNODE* node);
 
 /// Drops the decoded pictures of a node; the edits stay and the next rendering decodes the photo
-/// again. Any thread; takes the image-buffer lock.
+/// again. Any thread; takes the image-buffer lock. The photo that is open in the edit dialog keeps
+/// its pictures until the dialog leaves it.
 VELLORA_EXPORT void ReleaseImgBuf(_HNODE* node);
 
 /// Supplies the target of `GetOutImg`: stores an 8-bit, 3-channel image of the given size.

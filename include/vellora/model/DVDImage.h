@@ -52,6 +52,9 @@ public:
     void SetRegion(int x, int y);
     void ClearRegion() { m_regionFlag = false; }
 
+    /// Ends with the record, for those who keep a pointer to it.
+    [[nodiscard]] std::weak_ptr<const void> GetLife() const { return m_life; }
+
     /// A text held with the record.
     void SetName(const QString& name) { m_name = name; }
     [[nodiscard]] const QString& GetName() const { return m_name; }
@@ -91,6 +94,7 @@ private:
     int m_canvasHeight = 576;
     int m_regionX = 0;
     int m_regionY = 0;
+    std::shared_ptr<const void> m_life = std::make_shared<char>();
 };
 
 }  // namespace vellora

@@ -5,6 +5,7 @@
 
 #include <QPoint>
 #include <QString>
+#include <memory>
 
 #include <vellora/model/DVDImageSprite.h>
 #include <vellora/text/TextStyle.h>
@@ -49,7 +50,7 @@ public:
     [[nodiscard]] const QString& GetDisplayText() const { return m_displayText; }
     /// Stores the expanded text. While it is empty the typed text is shown.
     void SetDisplayText(const QString& text);
-    [[nodiscard]] const TextStyle& GetStyle() const { return m_style; }
+    [[nodiscard]] const TextStyle& GetStyle() const { return *m_style; }
     /// Takes over a style that differs in more than the letter case of its font, and marks the
     /// owner changed; the effect then takes over font and size of the style.
     void SetStyle(const TextStyle& style);
@@ -66,7 +67,7 @@ private:
 
     QString m_name;
     QString m_text;
-    TextStyle m_style;
+    std::shared_ptr<const TextStyle> m_style;
     QString m_displayText;
     mutable bool m_isMeasured = false;
     mutable QSizeF m_layoutSize;  // as laid out

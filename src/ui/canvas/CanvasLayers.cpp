@@ -4,7 +4,10 @@
 #include <QFileInfo>
 #include <QPainter>
 #include <cmath>
+#include <cstdlib>
 #include <optional>
+
+#include <opencv2/core/core_c.h>
 
 #include <vellora/base/HostText.h>
 #include <vellora/base/PhotoListNode.h>
@@ -13,6 +16,7 @@
 #include <vellora/model/DVDAlbumImage.h>
 #include <vellora/model/DVDImage.h>
 
+#include "base/ImageView.h"
 #include "ui/EditSession.h"
 #include "ui/WaitCursor.h"
 
@@ -34,6 +38,12 @@ QColor opaque(COLORREF colour) {
 }  // namespace
 
 void CanvasLayers::invalidatePhoto() {
+    m_detailed.reset();
+    m_isDetailKnown = false;
+    invalidateFilter();
+}
+
+void CanvasLayers::invalidateFilter() {
     m_photo = {};
     m_composed = {};
 }
@@ -80,32 +90,63 @@ void CanvasLayers::drawPhoto(QImage& surface) {
     const COpencvFilterInterface* filter = record->GetProcessor()->GetCurrentFilter();
     const std::u16string name = filter != nullptr ? filter->GetName() : u"";
     std::optional<WaitCursor> wait;
-    if (const auto known = m_filterTimes.find(name);
-        known != m_filterTimes.end() && known->second > kNoticeable) {
+    if (isExpectedToTakeLong(filter)) {
         wait.emplace();
     }
     QElapsedTimer timer;
     timer.start();
-    drawPicture(surface);
+    const QImage picture = filtered(name);
     m_filterTimes[name] = timer.elapsed();
+
+    const Rect placed = m_session.placedPhoto();
+    const QRectF target(placed.left * m_ratio, placed.top * m_ratio, placed.width() * m_ratio,
+                        placed.height() * m_ratio);
+    QPainter painter(&surface);
+    // A picture that is a unit short of its place is not blurred for it.
+    const bool isClose = std::abs(target.width() - picture.width()) < 2.0 * m_ratio &&
+                         std::abs(target.height() - picture.height()) < 2.0 * m_ratio;
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, !isClose);
+    painter.drawImage(target.toAlignedRect(), picture);
 }
 
-void CanvasLayers::drawPicture(QImage& surface) {
+bool CanvasLayers::isExpectedToTakeLong(const COpencvFilterInterface* filter) const {
+    if (filter == nullptr) {
+        return false;
+    }
+    const auto known = m_filterTimes.find(filter->GetName());
+    return known != m_filterTimes.end() ? known->second > kNoticeable : filter->is_art_effect != 0;
+}
+
+QImage CanvasLayers::filtered(const std::u16string& filterName) {
     CDVDImage& record = *m_session.record();
     record.SetCanvasSize(kStageWidth, kStageHeight);
-    QPainter painter(&surface);
-    if (surface.width() == kStageWidth) {
-        record.PlacePhoto(painter, 0);
-        return;
+    CPhotoProcessor& processor = *record.GetProcessor();
+    if (ImagePtr detailed = m_slowFilters.contains(filterName) ? nullptr : detailedCopy()) {
+        QElapsedTimer timer;
+        timer.start();
+        processor.ApplyPreview(detailed);
+        if (timer.elapsed() > kNoticeable) {
+            m_slowFilters.insert(filterName);
+        }
+        return imageView(cv::cvarrToMat(detailed.get())).copy();
     }
     const Rect placed = m_session.placedPhoto();
-    QImage picture(placed.width(), placed.height(), QImage::Format_BGR888);
-    QPainter picturePainter(&picture);
-    record.GetProcessor()->DrawTo(picturePainter, {0, 0, placed.width(), placed.height()});
-    picturePainter.end();
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.scale(m_ratio, m_ratio);
-    painter.drawImage(QRect(placed.left, placed.top, placed.width(), placed.height()), picture);
+    const bool isPlaced = std::abs(placed.width() - processor.GetWidth()) < 2 &&
+                          std::abs(placed.height() - processor.GetHeight()) < 2;
+    const QSize size = isPlaced ? QSize(processor.GetWidth(), processor.GetHeight())
+                                : QSize(placed.width(), placed.height());
+    QImage picture(size, QImage::Format_BGR888);
+    QPainter painter(&picture);
+    processor.DrawTo(painter, {0, 0, size.width(), size.height()});
+    return picture;
+}
+
+ImagePtr CanvasLayers::detailedCopy() {
+    if (m_ratio > 1.0 && !m_isDetailKnown) {
+        m_detailed = m_session.record()->GetProcessor()->MakeDetailed(m_ratio);
+        m_isDetailKnown = true;
+    }
+    return m_detailed != nullptr ? copyImage(cv::cvarrToMat(m_detailed.get())) : nullptr;
 }
 
 void CanvasLayers::drawMessage(QImage& surface) const {

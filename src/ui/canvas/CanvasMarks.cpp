@@ -82,4 +82,13 @@ void drawCropFrame(QPainter& painter, const CropFrame& frame) {
     painter.restore();
 }
 
+void drawFocusFrame(QPainter& painter) {
+    const QRect edge(0, 0, kStageWidth - 1, kStageHeight - 1);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(QColor(255, 255, 255, 200), 1.0));
+    painter.drawRect(edge.adjusted(1, 1, -1, -1));
+    painter.setPen(QPen(QColor(0, 110, 200), 1.0));
+    painter.drawRect(edge);
+}
+
 }  // namespace vellora

@@ -11,5 +11,7 @@ class CropFrame;
 void drawSelection(QPainter& painter, const CDVDImageSprite& sprite);
 /// Darkens what the crop leaves out, and draws the frame with its thirds and handles.
 void drawCropFrame(QPainter& painter, const CropFrame& frame);
+/// Shows that the canvas has the keyboard.
+void drawFocusFrame(QPainter& painter);
 
 }  // namespace vellora

@@ -22,7 +22,7 @@ bool isReturn(const QKeyEvent& event) {
 int emOf(const TextStyle& style) {
     constexpr int kSmallest = 6;
     constexpr int kLargest = 400;
-    const std::int64_t em = std::int64_t{style.effect.font_size} * 96 / 72;
+    const std::int64_t em = std::int64_t{style.size} * 96 / 72;
     return static_cast<int>(std::clamp<std::int64_t>(em, kSmallest, kLargest));
 }
 
@@ -48,8 +48,8 @@ CEditTrans::CEditTrans(QWidget* parent) : QPlainTextEdit(parent) {
 
 void CEditTrans::SetStyle(const TextStyle& style) {
     const int em = emOf(style);
-    QFont font = CPhotoTextEffect::LayoutFont(style.effect.GetFontName(), style.bold != 0,
-                                              style.italic != 0, style.underline != 0);
+    QFont font = CPhotoTextEffect::LayoutFont(style.GetFont(), style.bold != 0, style.italic != 0,
+                                              style.underline != 0);
     font.setPixelSize(em);
     setFont(font);
     const COLORREF face = faceColour(style.effect.face);
@@ -90,8 +90,12 @@ void CEditTrans::paintEvent(QPaintEvent* event) {
         QColor tint = m_outline;
         tint.setAlpha(50);
         painter.fillRect(viewport()->rect(), tint);
+        // Dots on a line, so that it shows on light and on dark.
+        const QRect edge = viewport()->rect().adjusted(0, 0, -1, -1);
+        painter.setPen(QPen(m_outline == Qt::black ? Qt::white : Qt::black, 1.0));
+        painter.drawRect(edge);
         painter.setPen(QPen(m_outline, 1.0, Qt::DotLine));
-        painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
+        painter.drawRect(edge);
     }
     QPlainTextEdit::paintEvent(event);
 }

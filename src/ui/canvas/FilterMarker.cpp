@@ -67,12 +67,8 @@ void FilterMarker::mousePressEvent(QMouseEvent* event) {
 void FilterMarker::mouseMoveEvent(QMouseEvent* event) {
     if (event->buttons().testFlag(Qt::LeftButton)) {
         moveInside(mapToParent(event->position().toPoint()) - m_grab);
+        announce();
     }
-    event->accept();
-}
-
-void FilterMarker::mouseReleaseEvent(QMouseEvent* event) {
-    announce();
     event->accept();
 }
 

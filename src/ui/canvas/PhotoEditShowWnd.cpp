@@ -1,5 +1,6 @@
 #include "ui/canvas/PhotoEditShowWnd.h"
 
+#include <QFileInfo>
 #include <QPainter>
 
 #include <vellora/base/Types.h>
@@ -24,6 +25,14 @@ namespace {
 
 /// Where the middle of the first added clip lies.
 constexpr QPoint kFirstClip(kStageWidth / 2, kStageHeight / 2);
+
+/// What assistive technology calls a sprite.
+QString nameOf(const CDVDImageSprite& sprite) {
+    if (sprite.GetKind() == kTextSprite) {
+        return static_cast<const CDVDImageText&>(sprite).GetText();
+    }
+    return QFileInfo(static_cast<const CDVDImageProps&>(sprite).GetFile()).fileName();
+}
 
 }  // namespace
 
@@ -66,6 +75,7 @@ void CPhotoEditShowWnd::SetSlide(int index, int count) {
 
 void CPhotoEditShowWnd::SetCropMode(int mode) {
     if (m_crop.setMode(mode, m_session.placedPhoto())) {
+        m_drag.end();
         unsetCursor();
         update();
     }
@@ -210,6 +220,7 @@ CDVDImageSprite* CPhotoEditShowWnd::GetSelected() const {
 
 void CPhotoEditShowWnd::Select(CDVDImageSprite* sprite) {
     m_selected = m_session.holds(sprite) ? sprite : nullptr;
+    setAccessibleDescription(m_selected != nullptr ? nameOf(*m_selected) : QString());
     update();
     if (m_selected != nullptr) {
         Announce(*m_selected);
@@ -227,6 +238,7 @@ void CPhotoEditShowWnd::Announce(CDVDImageSprite& sprite) {
 void CPhotoEditShowWnd::DropCropFrame() {
     if (!m_crop.isEmpty()) {
         m_crop.drop();
+        m_drag.end();
         unsetCursor();
         update();
         Q_EMIT CropFrameDropped();
@@ -234,7 +246,7 @@ void CPhotoEditShowWnd::DropCropFrame() {
 }
 
 void CPhotoEditShowWnd::Redraw() {
-    m_layers->invalidatePhoto();
+    m_layers->invalidateFilter();
     update();
 }
 
@@ -246,7 +258,8 @@ void CPhotoEditShowWnd::RedrawSprites() {
 void CPhotoEditShowWnd::PictureCommitted() {
     m_crop.clear();
     unsetCursor();
-    Redraw();
+    m_layers->invalidatePhoto();
+    update();
 }
 
 void CPhotoEditShowWnd::OnPhotoAboutToChange() {
@@ -262,12 +275,14 @@ void CPhotoEditShowWnd::OnPhotoChanged() {
     m_marker->hide();
     unsetCursor();
     expandTexts(m_session, m_slideIndex, m_slideCount);
-    Redraw();
+    m_layers->invalidatePhoto();
+    update();
 }
 
 void CPhotoEditShowWnd::OnEdited(PhotoEdit kind) {
     if (kind == PhotoEdit::Picture) {
-        Redraw();
+        m_layers->invalidatePhoto();
+        update();
         return;
     }
     if (!m_drag.isActive()) {
@@ -284,6 +299,9 @@ void CPhotoEditShowWnd::paintEvent(QPaintEvent* /*event*/) {
         drawSelection(painter, *selected);
     }
     drawCropFrame(painter, m_crop);
+    if (m_showsFocus) {
+        drawFocusFrame(painter);
+    }
 }
 
 }  // namespace vellora

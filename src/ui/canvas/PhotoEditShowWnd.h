@@ -100,6 +100,8 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
@@ -138,6 +140,7 @@ private:
     int m_pressedKey = 0;
     bool m_buttonDown = false;
     bool m_pressedBesideEditor = false;
+    bool m_showsFocus = false;  ///< It was reached by the keyboard.
 };
 
 }  // namespace vellora

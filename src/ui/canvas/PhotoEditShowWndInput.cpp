@@ -20,6 +20,7 @@
 #include "ui/canvas/InPlaceText.h"
 #include "ui/canvas/PhotoEditShowWnd.h"
 #include "ui/canvas/SpriteMenu.h"
+#include "ui/skin/SkinStyle.h"
 
 namespace vellora {
 namespace {
@@ -241,6 +242,7 @@ void CPhotoEditShowWnd::contextMenuEvent(QContextMenuEvent* event) {
     menu->setAttribute(Qt::WA_DeleteOnClose);
     fillSpriteMenu(
         *menu, [this](int id) { return IsCommandEnabled(id); }, [this](int id) { Command(id); });
+    skin::applySkin(*menu);
     menu->popup(event->globalPos());
 }
 
@@ -308,6 +310,18 @@ void CPhotoEditShowWnd::HandleKeyRelease(int key) {
             CommitEditor();
             break;
     }
+}
+
+void CPhotoEditShowWnd::focusInEvent(QFocusEvent* event) {
+    m_showsFocus = event->reason() == Qt::TabFocusReason ||
+                   event->reason() == Qt::BacktabFocusReason ||
+                   event->reason() == Qt::ShortcutFocusReason;
+    update();
+}
+
+void CPhotoEditShowWnd::focusOutEvent(QFocusEvent* /*event*/) {
+    m_showsFocus = false;
+    update();
 }
 
 void CPhotoEditShowWnd::dragEnterEvent(QDragEnterEvent* event) {

@@ -10,7 +10,7 @@
 #include <vellora/model/DVDImageText.h>
 #include <vellora/text/EffectCatalogue.h>
 
-#include "text/TextBrushMaker.h"
+#include "text/TextureCache.h"
 #include "ui/behaviour/Bounded.h"
 
 namespace vellora {

@@ -1,0 +1,57 @@
+#include "common/ShowStore.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <utility>
+
+#include <vellora/host/ImageObj.h>
+
+namespace vellora::hostkit {
+namespace {
+
+QString besideShow(const QString& showFile, const char* ending) {
+    const QFileInfo info(showFile);
+    return info.absoluteDir().filePath(info.completeBaseName() + QLatin1String(ending));
+}
+
+/// The project file that the show on disk names; empty when there is no such show.
+QString projectOnDisk(const QString& showFile) {
+    QStringList warnings;
+    QString error;
+    const std::optional<Show> show = readShow(showFile, &warnings, &error);
+    return show ? show->projectPath : QString();
+}
+
+}  // namespace
+
+bool saveShow(const QString& file, Show& show, CImageObj& document, QString* error) {
+    const QString usual = defaultProjectPath(file);
+    const QString first = besideShow(file, ".alt.xml");
+    const QString second = besideShow(file, ".alt2.xml");
+    const QString old = projectOnDisk(file);
+    const bool isOurs = old == usual || old == first || old == second;
+    QString target = usual;
+    if (old == usual || old == second || (old != first && QFile::exists(usual))) {
+        target = first;
+    } else if (old == first && QFile::exists(usual)) {
+        target = second;
+    }
+
+    if (document.SaveToXMLFile(target) != S_OK) {
+        *error = QStringLiteral("cannot write %1").arg(QDir::toNativeSeparators(target));
+        return false;
+    }
+    const QString before = std::exchange(show.projectPath, target);
+    if (!writeShow(file, show, error)) {
+        show.projectPath = before;
+        QFile::remove(target);
+        return false;
+    }
+    if (isOurs) {
+        QFile::remove(old);
+    }
+    return true;
+}
+
+}  // namespace vellora::hostkit

@@ -1,0 +1,29 @@
+#pragma once
+
+/// @file
+/// Saving a show and its edits as one step, although they are two files.
+
+#include <QString>
+
+#include "common/ShowFile.h"
+
+namespace vellora {
+class CImageObj;
+}
+
+namespace vellora::hostkit {
+
+/// Saves a show and the edits of its photos.
+///
+/// The edits go to a project file that the show on disk does not name; writing the show then
+/// switches from the old pair to the new one, and only after that is the old project file removed.
+/// Whenever the program or the machine stops, show and edits fit together. The names used in turn
+/// are NAME.xml and NAME.alt.xml for a show NAME.vshow; where a file of another origin has the
+/// first name it is left alone, and NAME.alt2.xml is used instead.
+///
+/// @param show      `projectPath` becomes the file that holds the edits.
+/// @param document  Its photos are those of the show, in the same order.
+/// @return False with the reason in `error`; the files on disk are then as they were.
+bool saveShow(const QString& file, Show& show, CImageObj& document, QString* error);
+
+}  // namespace vellora::hostkit

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QLockFile>
+#include <QObject>
+#include <QTimer>
+#include <memory>
+
+namespace vellora::desktop {
+
+class ShowDocument;
+
+/// Keeps an automatic copy of a show with unsaved changes, so that a crash loses little: beside
+/// the show where its folder can be written, else among the program's own data.
+class Autosave : public QObject {
+    Q_OBJECT
+
+public:
+    explicit Autosave(ShowDocument& document, QObject* parent = nullptr);
+    ~Autosave() override;
+
+    /// Writes the copy now when there are changes; removes it when there are none.
+    void update();
+    /// Removes the copy: the user saved, or does not want the changes.
+    void discard();
+
+    /// The copy of a show that is newer than the show itself; empty when there is none.
+    static QString newerCopyOf(const QString& show);
+    /// Copies of shows that were never saved, left behind by a program that ended without asking.
+    static QStringList orphans();
+    /// Removes a copy with its edits.
+    static void remove(const QString& copy);
+
+private:
+    [[nodiscard]] QString copyPath();
+
+    ShowDocument& m_document;
+    QTimer m_timer;
+    QString m_copy;
+    std::unique_ptr<QLockFile> m_untitledLock;
+    QString m_untitled;
+};
+
+}  // namespace vellora::desktop

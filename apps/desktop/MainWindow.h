@@ -1,0 +1,85 @@
+#pragma once
+
+#include <QMainWindow>
+
+#include "desktop/Preferences.h"
+
+class QAction;
+class QLabel;
+class QMenu;
+
+namespace vellora::desktop {
+
+class Autosave;
+class ShowDocument;
+class SlideView;
+class Thumbnails;
+
+/// The window of one show.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    MainWindow();
+    ~MainWindow() override;
+
+    /// Opens a show, or adds photos, as named on the command line.
+    void openPaths(const QStringList& paths);
+    /// Offers what a crash left behind of shows that were never saved.
+    void offerOrphans();
+
+    [[nodiscard]] ShowDocument& document() { return *m_document; }
+    [[nodiscard]] SlideView& view() { return *m_view; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    /// Takes the edit dialog's notifications: the photo's thumbnail is made anew.
+    void customEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void createActions();
+    QAction* action(QMenu* menu, const QString& text, const QKeySequence& key,
+                    void (MainWindow::*slot)());
+    void fillRecentMenu();
+    void showContextMenu(QPoint point);
+    void updateState();
+    void applyPreferences();
+    void report(const QString& title, const QString& text, const QStringList& details);
+
+    void newShow();
+    void openDialog();
+    void open(const QString& path);
+    void recover(const QString& copy, const QString& show);
+    bool save();
+    bool saveAs();
+    void saveAction();
+    void saveAsAction();
+    bool saveTo(const QString& path);
+    /// Asks what becomes of unsaved changes.
+    /// @return False when the user wants to stay.
+    bool mayLeaveShow();
+
+    void addPhotos();
+    void addFiles(const QStringList& paths, int row);
+    void removeSelected();
+    void locateSelected();
+    void editSelected();
+    void exportShow();
+    void play();
+    void editPreferences();
+    void about();
+
+    Preferences m_preferences;
+    ShowDocument* m_document;
+    Autosave* m_autosave;
+    Thumbnails* m_thumbnails;
+    SlideView* m_view;
+    QMenu* m_recent = nullptr;
+    QLabel* m_count;
+    QList<QAction*> m_needsSelection;
+    QList<QAction*> m_needsSlides;
+    QAction* m_locate = nullptr;
+};
+
+}  // namespace vellora::desktop

@@ -1,0 +1,176 @@
+#include "desktop/Player.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <algorithm>
+
+namespace vellora::desktop {
+namespace {
+
+constexpr int kShortestMs = 1000;
+constexpr int kDefaultSeconds = 2;
+
+int milliseconds(std::int32_t seconds) {
+    return (seconds < 1 ? kDefaultSeconds : std::min(seconds, 86400)) * 1000;
+}
+
+}  // namespace
+
+Player::Player(std::vector<SlidePtr> slides, int first, QWidget* parent)
+    : QWidget(parent, Qt::Window), m_slides(std::move(slides)), m_current(first) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setWindowTitle(tr("Slideshow"));
+    setCursor(Qt::BlankCursor);
+    m_clock.setSingleShot(true);
+    m_fade.setStartValue(0.0);
+    m_fade.setEndValue(1.0);
+    connect(&m_clock, &QTimer::timeout, this, &Player::advance);
+    connect(&m_fade, &QVariantAnimation::valueChanged, this, [this] { update(); });
+    connect(&m_queue, &RenderQueue::rendered, this, &Player::store, Qt::QueuedConnection);
+}
+
+const Slide& Player::slide(int index) const {
+    return *m_slides[static_cast<std::size_t>(index)];
+}
+
+void Player::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    requestAround();
+}
+
+void Player::requestAround() {
+    const QSize pixels = (QSizeF(size()) * devicePixelRatioF()).toSize();
+    std::map<quint64, QImage> kept;
+    // The queue takes the newest request first, so the photo itself comes last.
+    for (const int index : {m_current - 1, m_current + 1, m_current}) {
+        if (index < 0 || index >= static_cast<int>(m_slides.size())) {
+            continue;
+        }
+        const auto known = m_ready.find(slide(index).id());
+        if (known != m_ready.end()) {
+            kept.insert(*known);
+        } else {
+            m_queue.request({m_slides[static_cast<std::size_t>(index)], pixels, true});
+        }
+    }
+    m_ready = std::move(kept);
+    if (m_ready.count(slide(m_current).id()) != 0) {
+        showCurrent();
+    }
+}
+
+void Player::store(quint64 slideId, const QImage& picture) {
+    m_ready[slideId] = picture;
+    if (m_awaited && slideId == slide(m_current).id()) {
+        showCurrent();
+    }
+}
+
+void Player::showCurrent() {
+    if (!m_awaited) {
+        return;
+    }
+    m_awaited = false;
+    m_previous = m_shown;
+    m_shown = m_ready[slide(m_current).id()];
+    m_fade.stop();
+    m_fade.setDuration(std::min(milliseconds(slide(m_current).record().second_duration), 3000));
+    m_fade.start();
+    if (!m_halted) {
+        m_clock.start(
+            std::max(milliseconds(slide(m_current).record().first_duration), kShortestMs) +
+            m_fade.duration());
+    }
+}
+
+void Player::goTo(int index) {
+    if (index < 0 || index >= static_cast<int>(m_slides.size())) {
+        return;
+    }
+    m_clock.stop();
+    m_current = index;
+    m_awaited = true;
+    requestAround();
+}
+
+void Player::advance() {
+    if (m_current + 1 < static_cast<int>(m_slides.size())) {
+        goTo(m_current + 1);
+    } else {
+        close();
+    }
+}
+
+void Player::halt(bool halted) {
+    m_halted = halted;
+    if (halted) {
+        m_clock.stop();
+    } else {
+        m_clock.start(kShortestMs);
+    }
+    update();
+}
+
+void Player::paintPicture(QPainter& painter, const QImage& picture, double opacity) const {
+    if (picture.isNull() || opacity <= 0.0) {
+        return;
+    }
+    QRectF target({}, QSizeF(picture.size()) / devicePixelRatioF());
+    target.moveCenter(QRectF(rect()).center());
+    painter.setOpacity(opacity);
+    painter.drawImage(target, picture);
+}
+
+void Player::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.fillRect(rect(), Qt::black);
+    const double progress = m_fade.currentValue().toDouble();
+    paintPicture(painter, m_previous, 1.0 - progress);
+    paintPicture(painter, m_shown, progress);
+    painter.setOpacity(1.0);
+    if (m_shown.isNull() && !m_awaited) {
+        painter.setPen(Qt::lightGray);
+        painter.drawText(rect(), Qt::AlignCenter,
+                         tr("%1 cannot be shown").arg(slide(m_current).caption()));
+    }
+    if (m_halted) {
+        painter.fillRect(QRect(32, 32, 8, 28), QColor(255, 255, 255, 180));
+        painter.fillRect(QRect(48, 32, 8, 28), QColor(255, 255, 255, 180));
+    }
+}
+
+void Player::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Escape:
+            close();
+            break;
+        case Qt::Key_Space:
+            halt(!m_halted);
+            break;
+        case Qt::Key_Right:
+        case Qt::Key_Down:
+        case Qt::Key_PageDown:
+            goTo(m_current + 1);
+            break;
+        case Qt::Key_Left:
+        case Qt::Key_Up:
+        case Qt::Key_PageUp:
+            goTo(m_current - 1);
+            break;
+        case Qt::Key_Home:
+            goTo(0);
+            break;
+        case Qt::Key_End:
+            goTo(static_cast<int>(m_slides.size()) - 1);
+            break;
+        default:
+            QWidget::keyPressEvent(event);
+    }
+}
+
+void Player::mousePressEvent(QMouseEvent* /*event*/) {
+    goTo(m_current + 1);
+}
+
+}  // namespace vellora::desktop

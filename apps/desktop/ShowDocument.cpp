@@ -1,0 +1,181 @@
+#include "desktop/ShowDocument.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFileInfo>
+
+#include <vellora/host/PhotoFile.h>
+
+#include "common/ShowStore.h"
+
+namespace vellora::desktop {
+namespace {
+
+QString lockPath(const QString& show) {
+    const QFileInfo info(show);
+    return info.absoluteDir().filePath(QStringLiteral(".%1.lock").arg(info.fileName()));
+}
+
+QStringList filesIn(const QString& folder) {
+    QStringList files;
+    QDirIterator entries(folder, QDir::Files | QDir::Readable, QDirIterator::Subdirectories);
+    while (entries.hasNext()) {
+        files.append(entries.next());
+    }
+    files.sort(Qt::CaseInsensitive);
+    return files;
+}
+
+}  // namespace
+
+ShowDocument::ShowDocument(QObject* parent) : QObject(parent) {
+    connect(&m_slides, &SlideModel::edited, this, &ShowDocument::markDirty);
+}
+
+ShowDocument::~ShowDocument() = default;
+
+QString ShowDocument::displayName() const {
+    return m_path.isEmpty() ? tr("Untitled") : QFileInfo(m_path).completeBaseName();
+}
+
+void ShowDocument::setState(const QString& path, bool dirty) {
+    m_path = path;
+    m_dirty = dirty;
+    Q_EMIT stateChanged();
+}
+
+void ShowDocument::markDirty() {
+    if (!m_dirty) {
+        setState(m_path, true);
+    }
+}
+
+bool ShowDocument::lock(const QString& path) {
+    auto file = std::make_unique<QLockFile>(lockPath(path));
+    file->setStaleLockTime(0);
+    if (!file->tryLock(0) && file->error() == QLockFile::LockFailedError) {
+        return false;
+    }
+    m_lock = std::move(file);
+    return true;
+}
+
+void ShowDocument::startNew() {
+    m_slides.clear();
+    m_unknown = {};
+    m_lock.reset();
+    setState({}, false);
+}
+
+bool ShowDocument::load(const QString& source, QStringList* problems) {
+    QString error;
+    const std::optional<hostkit::Show> show = hostkit::readShow(source, problems, &error);
+    if (!show) {
+        problems->append(error);
+        return false;
+    }
+    m_slides.clear();
+    m_slides.insert(0, show->photos);
+    m_slides.document().LoadFromXMLFile(show->projectPath);
+    m_unknown = show->unknown;
+    if (!QFileInfo::exists(show->projectPath)) {
+        problems->append(
+            tr("The edits are missing: %1").arg(QDir::toNativeSeparators(show->projectPath)));
+    }
+    return true;
+}
+
+ShowDocument::OpenResult ShowDocument::open(const QString& path, QStringList* problems) {
+    const QString full = QFileInfo(path).absoluteFilePath();
+    std::unique_ptr<QLockFile> previous;
+    if (full != m_path) {
+        previous = std::move(m_lock);
+        if (!lock(full)) {
+            m_lock = std::move(previous);
+            return OpenResult::LockedByOther;
+        }
+    }
+    if (!load(full, problems)) {
+        if (full != m_path) {
+            m_lock = std::move(previous);
+        }
+        return OpenResult::Failed;
+    }
+    setState(full, false);
+    return OpenResult::Opened;
+}
+
+bool ShowDocument::import(const QString& source, const QString& path, QStringList* problems) {
+    if (!load(source, problems)) {
+        return false;
+    }
+    m_lock.reset();
+    if (!path.isEmpty()) {
+        lock(path);
+    }
+    setState(path, true);
+    return true;
+}
+
+bool ShowDocument::saveCopy(const QString& path, QString* error) {
+    hostkit::Show show;
+    show.unknown = m_unknown;
+    for (const SlidePtr& slide : m_slides.slides()) {
+        show.photos.push_back(slide->toShow());
+    }
+    return hostkit::saveShow(path, show, m_slides.document(), error);
+}
+
+bool ShowDocument::save(const QString& path, QString* error) {
+    const QString full = QFileInfo(path).absoluteFilePath();
+    if (full != m_path) {
+        std::unique_ptr<QLockFile> previous = std::move(m_lock);
+        if (!lock(full)) {
+            m_lock = std::move(previous);
+            *error = tr("another window works on this show");
+            return false;
+        }
+    }
+    if (!saveCopy(full, error)) {
+        return false;
+    }
+    setState(full, false);
+    return true;
+}
+
+QStringList ShowDocument::addFiles(const QStringList& paths, int row, COLORREF background) {
+    QStringList refused;
+    std::vector<hostkit::ShowPhoto> photos;
+    const auto add = [&](const QString& path, bool quietly) {
+        PhotoInfo info;
+        if (!ReadPhotoInfo(path, &info)) {
+            if (!quietly) {
+                refused.append(QFileInfo(path).fileName());
+            }
+            return;
+        }
+        hostkit::ShowPhoto photo;
+        photo.path = QFileInfo(path).absoluteFilePath();
+        photo.rotation = info.rotation;
+        photo.flipX = info.flip_x != 0;
+        photo.flipY = info.flip_y != 0;
+        photo.background = background;
+        photos.push_back(photo);
+    };
+    for (const QString& path : paths) {
+        if (QFileInfo(path).isDir()) {
+            for (const QString& file : filesIn(path)) {
+                add(file, true);
+            }
+        } else {
+            add(path, false);
+        }
+    }
+    if (!photos.empty()) {
+        m_slides.insert(row, photos);
+        markDirty();
+    }
+    return refused;
+}
+
+}  // namespace vellora::desktop

@@ -1,0 +1,205 @@
+#include "desktop/SlideModel.h"
+
+#include <QDir>
+#include <QMimeData>
+#include <algorithm>
+
+namespace vellora::desktop {
+namespace {
+
+const QString kRowsFormat = QStringLiteral("application/x-vellora-slides");
+
+/// The rows, each once, ascending and existing.
+QList<int> sound(QList<int> rows, int count) {
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    rows.removeIf([count](int row) { return row < 0 || row >= count; });
+    return rows;
+}
+
+}  // namespace
+
+SlideModel::SlideModel(QObject* parent)
+    : QAbstractListModel(parent), m_document(std::make_unique<CImageObj>()) {}
+
+SlideModel::~SlideModel() = default;
+
+SlidePtr SlideModel::slide(int row) const {
+    return row >= 0 && row < count() ? m_slides[static_cast<std::size_t>(row)] : nullptr;
+}
+
+int SlideModel::rowOf(quint64 slideId) const {
+    const auto found = std::find_if(m_slides.begin(), m_slides.end(),
+                                    [slideId](const SlidePtr& s) { return s->id() == slideId; });
+    return found != m_slides.end() ? static_cast<int>(found - m_slides.begin()) : -1;
+}
+
+void SlideModel::clear() {
+    beginResetModel();
+    m_document->RemoveAllNodes();
+    m_document->RemoveAllAlbumSprites();
+    m_slides.clear();
+    endResetModel();
+}
+
+void SlideModel::insert(int row, const std::vector<hostkit::ShowPhoto>& photos) {
+    if (photos.empty()) {
+        return;
+    }
+    row = std::clamp(row, 0, count());
+    beginInsertRows({}, row, row + static_cast<int>(photos.size()) - 1);
+    std::vector<SlidePtr> added;
+    added.reserve(photos.size());
+    for (const hostkit::ShowPhoto& photo : photos) {
+        added.push_back(std::make_shared<Slide>(photo, *m_document));
+    }
+    const bool atEnd = row == count();
+    m_slides.insert(m_slides.begin() + row, added.begin(), added.end());
+    if (!atEnd) {
+        rebuildDocument();
+    }
+    endInsertRows();
+}
+
+void SlideModel::remove(QList<int> rows) {
+    rows = sound(std::move(rows), count());
+    for (auto row = rows.crbegin(); row != rows.crend(); ++row) {
+        beginRemoveRows({}, *row, *row);
+        m_document->RemoveAt(*row);
+        m_slides.erase(m_slides.begin() + *row);
+        endRemoveRows();
+    }
+    if (!rows.isEmpty()) {
+        Q_EMIT edited();
+    }
+}
+
+void SlideModel::moveTo(QList<int> rows, int before) {
+    rows = sound(std::move(rows), count());
+    before = std::clamp(before, 0, count());
+    std::vector<SlidePtr> order;
+    std::vector<SlidePtr> moved;
+    order.reserve(m_slides.size());
+    int target = 0;
+    for (int row = 0; row < count(); ++row) {
+        const bool moves = std::binary_search(rows.cbegin(), rows.cend(), row);
+        (moves ? moved : order).push_back(m_slides[static_cast<std::size_t>(row)]);
+        target += !moves && row < before ? 1 : 0;
+    }
+    order.insert(order.begin() + target, moved.begin(), moved.end());
+    if (order == m_slides) {
+        return;
+    }
+    Q_EMIT layoutAboutToBeChanged();
+    const QModelIndexList held = persistentIndexList();
+    QModelIndexList renewed;
+    for (const QModelIndex& index : held) {
+        const auto at = std::find(order.begin(), order.end(), slide(index.row()));
+        renewed.append(this->index(static_cast<int>(at - order.begin())));
+    }
+    m_slides = std::move(order);
+    rebuildDocument();
+    changePersistentIndexList(held, renewed);
+    Q_EMIT layoutChanged();
+    Q_EMIT edited();
+}
+
+void SlideModel::rebuildDocument() {
+    m_document->RemoveAllNodes();
+    for (const SlidePtr& slide : m_slides) {
+        m_document->AddNode(slide->node());
+    }
+}
+
+void SlideModel::relocate(int row, const QString& path) {
+    if (const SlidePtr found = slide(row)) {
+        found->relocate(path);
+        refresh(row);
+        Q_EMIT edited();
+    }
+}
+
+void SlideModel::refresh(int row) {
+    if (row >= 0 && row < count()) {
+        Q_EMIT dataChanged(index(row), index(row));
+    }
+}
+
+int SlideModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : count();
+}
+
+QVariant SlideModel::data(const QModelIndex& index, int role) const {
+    const SlidePtr found = slide(index.row());
+    if (found == nullptr) {
+        return {};
+    }
+    switch (role) {
+        case Qt::DisplayRole:
+        case Qt::AccessibleTextRole:
+            return found->caption();
+        case Qt::ToolTipRole:
+            return QDir::toNativeSeparators(found->path()) +
+                   (found->isMissing() ? tr("\nThis file is missing. Its edits are kept.")
+                                       : QString());
+        case SlideRole:
+            return QVariant::fromValue(found);
+        default:
+            return {};
+    }
+}
+
+Qt::ItemFlags SlideModel::flags(const QModelIndex& index) const {
+    return QAbstractListModel::flags(index) |
+           (index.isValid() ? Qt::ItemIsDragEnabled : Qt::ItemIsDropEnabled);
+}
+
+Qt::DropActions SlideModel::supportedDropActions() const {
+    return Qt::MoveAction | Qt::CopyAction;
+}
+
+QStringList SlideModel::mimeTypes() const {
+    return {kRowsFormat, QStringLiteral("text/uri-list")};
+}
+
+QMimeData* SlideModel::mimeData(const QModelIndexList& indexes) const {
+    QByteArray rows;
+    for (const QModelIndex& index : indexes) {
+        rows += QByteArray::number(index.row()) + ' ';
+    }
+    auto* data = new QMimeData;
+    data->setData(kRowsFormat, rows);
+    return data;
+}
+
+bool SlideModel::canDropMimeData(const QMimeData* data, Qt::DropAction /*action*/, int /*row*/,
+                                 int /*column*/, const QModelIndex& /*parent*/) const {
+    return data->hasFormat(kRowsFormat) || data->hasUrls();
+}
+
+bool SlideModel::dropMimeData(const QMimeData* data, Qt::DropAction /*action*/, int row,
+                              int /*column*/, const QModelIndex& parent) {
+    if (row < 0) {
+        row = parent.isValid() ? parent.row() : count();
+    }
+    if (data->hasFormat(kRowsFormat)) {
+        QList<int> rows;
+        for (const QByteArray& number : data->data(kRowsFormat).split(' ')) {
+            bool sane = false;
+            const int value = number.toInt(&sane);
+            if (sane) {
+                rows.append(value);
+            }
+        }
+        moveTo(rows, row);
+        // The view would remove the rows of a move; they are moved already.
+        return false;
+    }
+    if (data->hasUrls()) {
+        Q_EMIT filesDropped(data->urls(), row);
+        return true;
+    }
+    return false;
+}
+
+}  // namespace vellora::desktop

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QListView>
+
+namespace vellora::desktop {
+
+/// The wall of slides: wraps with the window, selects many, reorders by dragging.
+class SlideView : public QListView {
+    Q_OBJECT
+
+public:
+    explicit SlideView(QWidget* parent = nullptr);
+
+    /// The selected rows in ascending order.
+    [[nodiscard]] QList<int> selectedRows() const;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    /// The row before which something dropped at a point goes.
+    [[nodiscard]] int rowForDrop(QPoint point) const;
+};
+
+}  // namespace vellora::desktop

@@ -1,0 +1,121 @@
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <array>
+#include <chrono>
+#include <csignal>
+#include <random>
+#include <thread>
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <vellora/host/ImageObj.h>
+#include <vellora/model/DVDAlbumImage.h>
+#include <vellora/model/DVDImageProps.h>
+
+#include "common/ShowStore.h"
+
+namespace vellora::hostkit {
+namespace {
+
+/// A show whose first title tells how many album sprites its edits hold.
+struct ShowStoreTest : testing::Test {
+    QTemporaryDir folder;
+    QString file = folder.filePath(QStringLiteral("show.vshow"));
+    QString error;
+
+    bool save(int sprites) {
+        CImageObj document;
+        CDVDAlbumImage& album = *document.GetAlbum();
+        for (int k = 0; k < sprites; ++k) {
+            auto* clip = new CDVDImageProps(&album, QStringLiteral("clip.png"));
+            album.AddSprite(clip, false);
+        }
+        Show show;
+        show.photos.resize(1);
+        show.photos[0].path = folder.filePath(QStringLiteral("a.jpg"));
+        show.photos[0].title = QString::number(sprites);
+        return saveShow(file, show, document, &error);
+    }
+
+    /// The number of sprites, when show and edits are there and agree; else -1.
+    int load() {
+        QStringList warnings;
+        const auto show = readShow(file, &warnings, &error);
+        if (!show || !warnings.isEmpty() || show->photos.size() != 1) {
+            return -1;
+        }
+        CImageObj document;
+        document.LoadFromXMLFile(show->projectPath);
+        const int sprites = document.GetAlbum()->GetSprites().GetSize();
+        return show->photos[0].title == QString::number(sprites) ? sprites : -1;
+    }
+
+    QStringList files() { return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden); }
+};
+
+TEST_F(ShowStoreTest, SwitchesFromOnePairToTheNext) {
+    for (const int sprites : {3, 1, 0, 2}) {
+        ASSERT_TRUE(save(sprites)) << qPrintable(error);
+        EXPECT_EQ(load(), sprites);
+        EXPECT_EQ(files().size(), 2) << qPrintable(files().join(QLatin1Char(' ')));
+    }
+}
+
+TEST_F(ShowStoreTest, LeavesAProjectFileOfAnotherOriginAlone) {
+    QFile other(folder.filePath(QStringLiteral("show.xml")));
+    ASSERT_TRUE(other.open(QIODevice::WriteOnly));
+    other.write("mine");
+    other.close();
+    for (const int sprites : {1, 2, 3}) {
+        ASSERT_TRUE(save(sprites));
+        EXPECT_EQ(load(), sprites);
+    }
+    ASSERT_TRUE(other.open(QIODevice::ReadOnly));
+    EXPECT_EQ(other.readAll(), "mine");
+}
+
+TEST_F(ShowStoreTest, AFailureLeavesTheOldPair) {
+    ASSERT_TRUE(save(2));
+    const QStringList before = files();
+    // A folder in place of the project file cannot be replaced.
+    ASSERT_TRUE(QDir(folder.path()).mkpath(QStringLiteral("show.alt.xml/inside")));
+    EXPECT_FALSE(save(4));
+    EXPECT_FALSE(error.isEmpty());
+    EXPECT_EQ(load(), 2);
+    EXPECT_EQ(files(), before);
+}
+
+TEST_F(ShowStoreTest, KilledAtAnyMomentLeavesOldOrNew) {
+    constexpr int kKills = 1000;
+    ASSERT_TRUE(save(1));
+    std::mt19937 random(11);
+    int interrupted = 0;
+    for (int kill = 0; kill < kKills; ++kill) {
+        const pid_t child = fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            for (int round = 0;; ++round) {
+                save(1 + round % 5);
+            }
+        }
+        std::this_thread::sleep_for(std::chrono::microseconds(500 + random() % 6000));
+        ::kill(child, SIGKILL);
+        ASSERT_EQ(waitpid(child, nullptr, 0), child);
+        ASSERT_GE(load(), 1) << "kill " << kill << ": " << qPrintable(error) << ' '
+                             << qPrintable(files().join(QLatin1Char(' ')));
+        interrupted += files().size() > 2 ? 1 : 0;
+        for (const QString& name : files()) {
+            // What an interrupted save leaves beside the pair is a name of its own.
+            if (name.contains(QStringLiteral(".vshow.")) || name.contains(QStringLiteral("tmp"))) {
+                QFile::remove(folder.filePath(name));
+            }
+        }
+    }
+    EXPECT_GT(interrupted, 0) << "no kill met a save half way";
+}
+
+}  // namespace
+}  // namespace vellora::hostkit

@@ -1,0 +1,191 @@
+#include <QFile>
+#include <QMimeData>
+#include <QSignalSpy>
+
+#include <vellora/model/DVDAlbumImage.h>
+#include <vellora/model/DVDImage.h>
+#include <vellora/model/DVDImageProps.h>
+
+#include "DesktopFixture.h"
+#include "desktop/Autosave.h"
+#include "desktop/ShowDocument.h"
+
+namespace vellora::desktop {
+namespace {
+
+struct ShowDocumentTest : DesktopTest {
+    ShowDocument document;
+    SlideModel& slides = document.slides();
+
+    void addPhotos(int count) {
+        QStringList paths;
+        for (int k = 0; k < count; ++k) {
+            paths.append(photo(QStringLiteral("p%1.png").arg(k)));
+        }
+        EXPECT_TRUE(document.addFiles(paths, slides.count(), 0).isEmpty());
+    }
+
+    /// The captions in order, and whether the module's list has the same order.
+    QString order() {
+        QString result;
+        const CPtrList* list = slides.document().GetProjectPtrList();
+        POSITION position = list->GetHeadPosition();
+        for (const SlidePtr& slide : slides.slides()) {
+            result += slide->caption().mid(1, 1);
+            EXPECT_NE(position, nullptr);
+            EXPECT_EQ(list->GetNext(position)->photo, &slide->record());
+        }
+        EXPECT_EQ(position, nullptr);
+        return result;
+    }
+
+    void addSprite(int row) {
+        CDVDImage& image = *slides.slide(row)->node()->data->image;
+        image.AddSprite(new CDVDImageProps(&image, QStringLiteral("clip.png")), false);
+    }
+    int sprites(int row) { return slides.slide(row)->node()->data->image->GetSprites().GetSize(); }
+};
+
+TEST_F(ShowDocumentTest, KeepsTheModulesListInStep) {
+    addPhotos(5);
+    EXPECT_EQ(order(), QStringLiteral("01234"));
+    slides.moveTo({1, 3}, 0);
+    EXPECT_EQ(order(), QStringLiteral("13024"));
+    slides.moveTo({0, 1}, 5);
+    EXPECT_EQ(order(), QStringLiteral("02413"));
+    slides.moveTo({1, 2}, 2);
+    EXPECT_EQ(order(), QStringLiteral("02413")) << "dropped onto itself";
+    slides.moveTo({-1, 99}, 2);
+    slides.remove({0, 4, 4, 77});
+    EXPECT_EQ(order(), QStringLiteral("241"));
+    document.addFiles({photo(QStringLiteral("p9.png"))}, 1, 0);
+    EXPECT_EQ(order(), QStringLiteral("2941"));
+}
+
+TEST_F(ShowDocumentTest, MovesRowsByDragAndDrop) {
+    addPhotos(4);
+    const QPersistentModelIndex second = slides.index(1);
+    const std::unique_ptr<QMimeData> data(slides.mimeData({slides.index(2), slides.index(3)}));
+    slides.dropMimeData(data.get(), Qt::MoveAction, 0, 0, {});
+    EXPECT_EQ(order(), QStringLiteral("2301"));
+    EXPECT_EQ(second.row(), 3) << "selections follow their slides";
+
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile(folder.filePath(QStringLiteral("p1.png")))});
+    QSignalSpy dropped(&slides, &SlideModel::filesDropped);
+    EXPECT_TRUE(slides.dropMimeData(&files, Qt::CopyAction, 2, 0, {}));
+    ASSERT_EQ(dropped.size(), 1);
+    EXPECT_EQ(dropped[0][1].toInt(), 2);
+}
+
+TEST_F(ShowDocumentTest, SavesAndOpensWithEdits) {
+    addPhotos(3);
+    addSprite(1);
+    slides.slide(2)->record().rotation = 90;
+    EXPECT_TRUE(document.isDirty());
+    QString error;
+    const QString path = folder.filePath(QStringLiteral("trip.vshow"));
+    ASSERT_TRUE(document.save(path, &error)) << qPrintable(error);
+    EXPECT_FALSE(document.isDirty());
+
+    ShowDocument other;
+    QStringList problems;
+    EXPECT_EQ(other.open(path, &problems), ShowDocument::OpenResult::LockedByOther);
+    EXPECT_TRUE(other.path().isEmpty());
+    document.startNew();
+    ASSERT_EQ(other.open(path, &problems), ShowDocument::OpenResult::Opened)
+        << qPrintable(problems.join(QLatin1Char('\n')));
+    EXPECT_EQ(other.slides().count(), 3);
+    EXPECT_EQ(other.slides().slide(2)->record().rotation, 90);
+    EXPECT_EQ(other.slides().slide(1)->node()->data->image->GetSprites().GetSize(), 1);
+}
+
+TEST_F(ShowDocumentTest, AFailedOpenKeepsThePresentShow) {
+    addPhotos(2);
+    QStringList problems;
+    EXPECT_EQ(document.open(folder.filePath(QStringLiteral("no.vshow")), &problems),
+              ShowDocument::OpenResult::Failed);
+    EXPECT_FALSE(problems.isEmpty());
+    EXPECT_EQ(slides.count(), 2);
+    QString error;
+    EXPECT_FALSE(document.save(folder.filePath(QStringLiteral("no/such.vshow")), &error));
+    EXPECT_TRUE(document.isDirty());
+}
+
+TEST_F(ShowDocumentTest, RelocatesAMissingPhotoWithItsEdits) {
+    addPhotos(1);
+    addSprite(0);
+    ASSERT_TRUE(QFile::remove(slides.slide(0)->path()));
+    slides.slide(0)->checkFile();
+    EXPECT_TRUE(slides.slide(0)->isMissing());
+    slides.relocate(0, photo(QStringLiteral("moved.png")));
+    EXPECT_FALSE(slides.slide(0)->isMissing());
+    EXPECT_EQ(slides.slide(0)->caption(), QStringLiteral("moved.png"));
+    EXPECT_EQ(sprites(0), 1);
+}
+
+TEST_F(ShowDocumentTest, AddsFoldersAndNamesWhatIsNoPhoto) {
+    QDir(folder.path()).mkpath(QStringLiteral("in/deep"));
+    photo(QStringLiteral("in/b.png"));
+    photo(QStringLiteral("in/deep/a.png"));
+    QFile text(folder.filePath(QStringLiteral("in/notes.txt")));
+    ASSERT_TRUE(text.open(QIODevice::WriteOnly));
+    text.write("hello");
+    text.close();
+    EXPECT_TRUE(document.addFiles({folder.filePath(QStringLiteral("in"))}, 0, 0x123456).isEmpty());
+    EXPECT_EQ(slides.count(), 2);
+    EXPECT_EQ(slides.slide(0)->record().background, 0x123456U);
+    EXPECT_EQ(document.addFiles({text.fileName()}, 0, 0), QStringList{QStringLiteral("notes.txt")});
+    EXPECT_EQ(slides.count(), 2);
+}
+
+TEST_F(ShowDocumentTest, AnAutomaticCopySurvivesACrash) {
+    addPhotos(2);
+    QString error;
+    const QString path = folder.filePath(QStringLiteral("trip.vshow"));
+    ASSERT_TRUE(document.save(path, &error));
+    Autosave autosave(document);
+    autosave.update();
+    EXPECT_TRUE(Autosave::newerCopyOf(path).isEmpty()) << "nothing to keep";
+
+    QTest::qWait(20);
+    addSprite(0);
+    document.markDirty();
+    autosave.update();
+    const QString copy = Autosave::newerCopyOf(path);
+    ASSERT_FALSE(copy.isEmpty());
+    ShowDocument recovered;
+    QStringList problems;
+    ASSERT_TRUE(recovered.import(copy, path, &problems));
+    EXPECT_TRUE(recovered.isDirty());
+    EXPECT_EQ(recovered.path(), path);
+    EXPECT_EQ(recovered.slides().slide(0)->node()->data->image->GetSprites().GetSize(), 1);
+    EXPECT_EQ(recovered.slides().slide(1)->path(), slides.slide(1)->path());
+
+    ASSERT_TRUE(document.save(path, &error));
+    autosave.update();
+    EXPECT_TRUE(Autosave::newerCopyOf(path).isEmpty());
+    EXPECT_EQ(
+        QDir(folder.path()).entryList({QStringLiteral("*autosave*")}, QDir::Files | QDir::Hidden),
+        QStringList());
+}
+
+TEST_F(ShowDocumentTest, AShowThatWasNeverSavedIsOfferedAfterACrash) {
+    addPhotos(1);
+    {
+        Autosave autosave(document);
+        autosave.update();
+        EXPECT_TRUE(Autosave::orphans().isEmpty()) << "its program still runs";
+    }
+    const QStringList orphans = Autosave::orphans();
+    ASSERT_EQ(orphans.size(), 1);
+    ShowDocument recovered;
+    QStringList problems;
+    ASSERT_TRUE(recovered.import(orphans.first(), {}, &problems));
+    EXPECT_EQ(recovered.slides().count(), 1);
+    Autosave::remove(orphans.first());
+    EXPECT_TRUE(Autosave::orphans().isEmpty());
+}
+
+}  // namespace
+}  // namespace vellora::desktop
