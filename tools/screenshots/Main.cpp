@@ -17,7 +17,7 @@ namespace vellora::screenshots {
 namespace {
 
 /// Photos are a little soft: grain would make the pictures of the dialog three times as large.
-constexpr QSize kSoftSize{450, 300};
+constexpr QSize kSoftSize{540, 360};
 
 void setText(char16_t* field, const QString& text) {
     std::memcpy(field, text.utf16(), static_cast<std::size_t>(text.size()) * sizeof(char16_t));

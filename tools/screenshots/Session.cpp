@@ -11,6 +11,8 @@
 
 #include <vellora/host/Language.h>
 
+#include "screenshots/Palette.h"
+
 namespace vellora::screenshots {
 namespace {
 
@@ -129,8 +131,7 @@ void Session::Grab(const char* name) {
     QWidget* dialog = QApplication::activeModalWidget();
     const QString file = QStringLiteral("%1-%2.png").arg(m_prefix, QString::fromLatin1(name));
     // Packed as tightly as the format allows.
-    if (dialog == nullptr ||
-        !dialog->grab().toImage().convertToFormat(QImage::Format_RGB888).save(file, "PNG", 0)) {
+    if (dialog == nullptr || !withPalette(dialog->grab().toImage()).save(file, "PNG", 0)) {
         std::fprintf(stderr, "cannot write %s\n", qPrintable(file));
         m_failed = true;
     }
