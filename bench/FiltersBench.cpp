@@ -12,11 +12,14 @@
 #include <vellora/filters/FilterCatalogue.h>
 #include <vellora/filters/RandomSeed.h>
 
+#include "base/Random.h"
+
 namespace vellora {
 namespace {
 
 // Names are "Filter/<name>/<megapixels>" and "Limit/<work>/<megapixels>"; the counter "s/MP" is
-// the processor time per megapixel on one thread. scripts/filter-ratios.py sets one against the other.
+// the processor time per megapixel on one thread. scripts/filter-ratios.sh sets one
+// against the other.
 
 using Work = std::function<void(cv::Mat&)>;
 
@@ -164,7 +167,7 @@ void addLimits() {
     addLimit("LUT", [](cv::Mat& from, cv::Mat& to) {
         cv::LUT(from, cv::Mat(1, 256, CV_8U, cv::Scalar(1)), to);
     });
-    addLimit("HLS and back, LUT", [](cv::Mat& from, cv::Mat& to) {
+    addLimit("HLS and back; LUT", [](cv::Mat& from, cv::Mat& to) {
         cv::cvtColor(from, to, cv::COLOR_BGR2HLS);
         cv::LUT(to, cv::Mat(1, 256, CV_8UC3, cv::Scalar(1, 2, 3)), to);
         cv::cvtColor(to, from, cv::COLOR_HLS2BGR);
@@ -176,6 +179,13 @@ void addLimits() {
         static cv::Mat sums;
         cv::integral(from, sums, CV_32S);
         from.copyTo(to);
+    });
+    addLimit("two random numbers a pixel", [](cv::Mat& from, cv::Mat&) {
+        int sum = 0;
+        for (std::size_t i = 0; i < 2 * from.total(); ++i) {
+            sum += Rand();
+        }
+        benchmark::DoNotOptimize(sum);
     });
     addLimit("warpAffine", [](cv::Mat& from, cv::Mat& to) {
         const cv::Point2f centre(static_cast<float>(from.cols) / 2,

@@ -10,9 +10,9 @@
 namespace vellora::hostkit {
 namespace {
 
-QString alternateProjectPath(const QString& showFile) {
+QString besideShow(const QString& showFile, const char* ending) {
     const QFileInfo info(showFile);
-    return info.absoluteDir().filePath(info.completeBaseName() + QStringLiteral(".alt.xml"));
+    return info.absoluteDir().filePath(info.completeBaseName() + QLatin1String(ending));
 }
 
 /// The project file that the show on disk names; empty when there is no such show.
@@ -27,10 +27,16 @@ QString projectOnDisk(const QString& showFile) {
 
 bool saveShow(const QString& file, Show& show, CImageObj& document, QString* error) {
     const QString usual = defaultProjectPath(file);
-    const QString alternate = alternateProjectPath(file);
+    const QString first = besideShow(file, ".alt.xml");
+    const QString second = besideShow(file, ".alt2.xml");
     const QString old = projectOnDisk(file);
-    const bool usualIsTaken = old == usual || (old != alternate && QFile::exists(usual));
-    const QString target = usualIsTaken ? alternate : usual;
+    const bool isOurs = old == usual || old == first || old == second;
+    QString target = usual;
+    if (old == usual || old == second || (old != first && QFile::exists(usual))) {
+        target = first;
+    } else if (old == first && QFile::exists(usual)) {
+        target = second;
+    }
 
     if (document.SaveToXMLFile(target) != S_OK) {
         *error = QStringLiteral("cannot write %1").arg(QDir::toNativeSeparators(target));
@@ -42,7 +48,7 @@ bool saveShow(const QString& file, Show& show, CImageObj& document, QString* err
         QFile::remove(target);
         return false;
     }
-    if (old == usual || old == alternate) {
+    if (isOurs) {
         QFile::remove(old);
     }
     return true;

@@ -17,9 +17,9 @@ namespace vellora::hostkit {
 ///
 /// The edits go to a project file that the show on disk does not name; writing the show then
 /// switches from the old pair to the new one, and only after that is the old project file removed.
-/// Whenever the program or the machine stops, show and edits fit together. The two names used in
-/// turn are NAME.xml and NAME.alt.xml for a show NAME.vshow; a file of another origin that has the
-/// first name is left alone.
+/// Whenever the program or the machine stops, show and edits fit together. The names used in turn
+/// are NAME.xml and NAME.alt.xml for a show NAME.vshow; where a file of another origin has the
+/// first name it is left alone, and NAME.alt2.xml is used instead.
 ///
 /// @param show      `projectPath` becomes the file that holds the edits.
 /// @param document  Its photos are those of the show, in the same order.

@@ -24,6 +24,7 @@ public:
 struct Command {
     CLI::App* app;
     std::function<int()> run;
+    bool opensWindows = false;  ///< Needs a display; the others never touch one.
 };
 
 }  // namespace vellora::cli

@@ -18,6 +18,7 @@
 #include <vellora/filters/FilterCatalogue.h>
 #include <vellora/filters/PhotoProcessor.h>
 #include <vellora/filters/RandomSeed.h>
+#include <vellora/host/PhotoFile.h>
 
 #include "SamplePhoto.h"
 
@@ -29,7 +30,7 @@ constexpr QSize kPicture(392, 294);
 constexpr int kGap = 14;
 constexpr int kCaption = 40;
 
-/// Factors of the filters that change nothing, or hardly anything, as they are made.
+/// Factors for filters whose initial ones change nothing, or leave nothing to be seen.
 struct Telling {
     std::u16string_view name;
     std::array<std::int32_t, 3> factors;
@@ -37,10 +38,12 @@ struct Telling {
 
 constexpr Telling kTelling[] = {
     {u"Brightness Contrast", {25, 30, 0}},
-    {u"HSL", {40, 60, 0}},
+    {u"HSL", {0, 80, 10}},
     {u"Rotate", {530, 0, 0}},
+    {u"Snow", {60, 150, 600}},
     {u"Rain", {15, 30, 5000}},
     {u"Contour", {30, 10, 400}},
+    {u"Canvas", {15, 0, 0}},
 };
 
 struct Tile {
@@ -49,8 +52,7 @@ struct Tile {
     QImage picture;
 };
 
-ImagePtr copyOf(const QImage& picture) {
-    const QImage bgr = picture.convertToFormat(QImage::Format_BGR888);
+ImagePtr copyOf(const QImage& bgr) {
     ImagePtr image(cvCreateImage(cvSize(bgr.width(), bgr.height()), IPL_DEPTH_8U, 3));
     for (int y = 0; y < bgr.height(); ++y) {
         std::copy_n(bgr.constScanLine(y), 3 * bgr.width(),
@@ -70,16 +72,20 @@ ImagePtr decode(const SheetOptions& options, QString& problem) {
     if (options.photo.isEmpty()) {
         return copyOf(paintSamplePhoto());
     }
-    auto record = std::make_unique<_PHOTO_LIST_NODE>();
-    const QString path = QFileInfo(options.photo).absoluteFilePath();
-    CPhotoProcessor processor;
-    if (path.size() < static_cast<qsizetype>(std::size(record->path))) {
-        setHostText(record->path, path);
-        processor.SetNode(record.get());
-        processor.Rebuild(!options.fullSize);
+    PhotoInfo info;
+    if (!ReadPhotoInfo(options.photo, &info, &problem)) {
+        return nullptr;
     }
+    auto record = std::make_unique<_PHOTO_LIST_NODE>();
+    setHostText(record->path, QFileInfo(options.photo).absoluteFilePath());
+    record->rotation = info.rotation;
+    record->flip_x = info.flip_x;
+    record->flip_y = info.flip_y;
+    CPhotoProcessor processor;
+    processor.SetNode(record.get());
+    processor.Rebuild(!options.fullSize);
     if (processor.GetWorking() == nullptr) {
-        problem = QStringLiteral("is no photo that can be read");
+        problem = QStringLiteral("cannot be decoded");
         return nullptr;
     }
     return ImagePtr(cvCloneImage(processor.GetWorking()));

@@ -14,7 +14,7 @@ struct SheetOptions {
 
 /// Writes a contact sheet: the photo under every filter of the catalogue, with names and factors.
 ///
-/// Filters have their initial factors; those that would then change nothing get telling ones.
+/// Filters have their initial factors; where those would show nothing, others.
 /// @return Why there is no sheet; empty when there is one.
 QString writeFilterSheet(const SheetOptions& options);
 

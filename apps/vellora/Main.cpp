@@ -1,6 +1,6 @@
 // The command-line host: renders photos and tells about them, without a display.
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <algorithm>
 #include <clocale>
 #include <cstdio>
@@ -29,17 +29,34 @@ void useUtf8() {
 void ignoreLibraryMessage(QtMsgType /*type*/, const QMessageLogContext& /*context*/,
                           const QString& /*text*/) {}
 
+/// Says so itself where Qt would end the program.
+void requireDisplay() {
+    for (const char* variable : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"}) {
+        if (!qEnvironmentVariableIsEmpty(variable)) {
+            return;
+        }
+    }
+#if defined(Q_OS_UNIX) && !defined(Q_OS_DARWIN)
+    throw UsageError(QStringLiteral("this command needs a display"));
+#endif
+}
+
 int runGiven(const std::vector<Command>& commands, int argc, char** argv) {
     useUtf8();
     qInstallMessageHandler(ignoreLibraryMessage);
+    const auto given = std::ranges::find_if(
+        commands, [](const Command& command) { return command.app->parsed(); });
+    if (given == commands.end()) {
+        return kWrongUsage;
+    }
+    if (given->opensWindows) {
+        requireDisplay();
+        const QApplication application(argc, argv);
+        return given->run();
+    }
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
-    for (const Command& command : commands) {
-        if (command.app->parsed()) {
-            return command.run();
-        }
-    }
-    return kWrongUsage;
+    return given->run();
 }
 
 /// The arguments in the reversed order in which the parser takes them. It would read "[name]" as a
@@ -59,9 +76,9 @@ int runProgram(int argc, char** argv) {
     program.name("vellora");
     program.set_version_flag("--version", "vellora " VELLORA_VERSION);
     program.require_subcommand(1);
-    std::vector<Command> commands{addRenderCommand(program), addFiltersCommand(program),
-                                  addInfoCommand(program), addEffectsCommand(program),
-                                  addNewCommand(program)};
+    std::vector<Command> commands{addRenderCommand(program),  addFiltersCommand(program),
+                                  addEditCommand(program),    addInfoCommand(program),
+                                  addEffectsCommand(program), addNewCommand(program)};
     std::ranges::move(addProjectCommands(program), std::back_inserter(commands));
     try {
         program.parse(argumentsOf(argc, argv));

@@ -8,10 +8,9 @@
 
 #include <CLI/CLI.hpp>
 
-#include <vellora/host/PhotoFile.h>
-
 #include "Commands.h"
 #include "Console.h"
+#include "UprightPhoto.h"
 #include "common/ShowFile.h"
 
 namespace vellora::cli {
@@ -22,22 +21,6 @@ struct NewRequest {
     std::string file;
     bool overwrite = false;
 };
-
-/// The photo as the show lists it, upright; none, and the reason is said, when it is no photo.
-std::optional<hostkit::ShowPhoto> showPhotoOf(const QString& name) {
-    PhotoInfo info;
-    QString reason;
-    if (!ReadPhotoInfo(name, &info, &reason)) {
-        printError(QStringLiteral("%1: %2").arg(printable(name), reason));
-        return std::nullopt;
-    }
-    hostkit::ShowPhoto photo;
-    photo.path = QFileInfo(name).absoluteFilePath();
-    photo.rotation = info.rotation;
-    photo.flipX = info.flip_x != 0;
-    photo.flipY = info.flip_y != 0;
-    return photo;
-}
 
 int runNew(const NewRequest& request) {
     const QString file = QFile::decodeName(request.file.c_str());
@@ -51,7 +34,7 @@ int runNew(const NewRequest& request) {
     hostkit::Show show;
     show.projectPath = hostkit::defaultProjectPath(file);
     for (const std::string& name : request.photos) {
-        if (const auto photo = showPhotoOf(QFile::decodeName(name.c_str()))) {
+        if (const auto photo = uprightPhoto(QFile::decodeName(name.c_str()))) {
             show.photos.push_back(*photo);
         }
     }

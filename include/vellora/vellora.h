@@ -6,6 +6,7 @@
 #include <vellora/base/HostText.h>
 #include <vellora/base/PhotoListNode.h>
 #include <vellora/base/Types.h>
+#include <vellora/filters/FilterAbort.h>
 #include <vellora/filters/FilterCatalogue.h>
 #include <vellora/filters/PhotoProcessor.h>
 #include <vellora/filters/RandomSeed.h>

@@ -78,7 +78,7 @@ Water makeWater(cv::Size size, float length, float height, float refraction, flo
     }
     // A ray bends with the slope, but never so far that the picture folds over itself much.
     const float steepness = 2.0F * std::numbers::pi_v<float> * height / length;
-    const float bent = std::min(0.011F * steepness, 0.16F * length) * refraction;
+    const float bent = std::min(0.008F * steepness, 0.12F * length) * refraction;
     water.displacement = std::min(kFarthest, bent * static_cast<float>(edge));
     water.shade = 0.30F * shine * std::min(1.0F, 0.35F * steepness);
     return water;

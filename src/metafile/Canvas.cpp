@@ -303,7 +303,7 @@ void Canvas::stroke(const QPainterPath& device) {
         if (!(dashes <= kMaxDashes) || !m_budget.spend(8 * dashes))
             pen.setStyle(Qt::SolidLine);
     }
-    m_list.stroke(line, pen, activeClip(), sameSpace ? nullptr : &linear);
+    m_list.stroke(line, pen, activeClip(), sameSpace ? QTransform() : linear);
 }
 
 void Canvas::clipTo(const QRectF& box, ClipMode mode) {

@@ -18,6 +18,16 @@ double angleTo(const QRectF& box, QPointF point) {
     return std::atan2(-down, across) * 180 / std::numbers::pi;
 }
 
+/// A line to where a path begins, and the path.
+QPainterPath lineTowards(QPointF from, const QPainterPath& path) {
+    QPainterPath result(from);
+    if (!path.isEmpty()) {
+        result.lineTo(path.elementAt(0));
+        result.connectPath(path);
+    }
+    return result;
+}
+
 }  // namespace
 
 void Canvas::moveTo(QPointF to) {
@@ -183,8 +193,7 @@ void Canvas::arc(ArcKind kind, const QRectF& box, QPointF start, QPointF end) {
         shape(path, kind != ArcKind::Arc, true);
         return;
     }
-    QPainterPath joined(mapped(m_state.position));
-    joined.connectPath(path);
+    const QPainterPath joined = lineTowards(mapped(m_state.position), path);
     QPainterPath logical;
     logical.arcMoveTo(inside, from + sweep);
     m_state.position = logical.currentPosition();
@@ -196,8 +205,8 @@ void Canvas::angleArc(QPointF centre, double radius, double start, double sweep)
         return;
     const QRectF box(centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius);
     const double turn = std::clamp(sweep, -360.0, 360.0);
-    QPainterPath joined(mapped(m_state.position));
-    joined.connectPath(arcPath(ArcKind::Arc, box, start, turn));
+    const QPainterPath joined =
+        lineTowards(mapped(m_state.position), arcPath(ArcKind::Arc, box, start, turn));
     QPainterPath logical;
     logical.arcMoveTo(box, start + sweep);
     m_state.position = logical.currentPosition();

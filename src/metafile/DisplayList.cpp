@@ -1,5 +1,6 @@
 #include "metafile/DisplayList.h"
 
+#include <QPainterPathStroker>
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -12,17 +13,6 @@ constexpr std::int64_t kElementBytes = 24;
 
 double workOf(const QPainterPath& path) {
     return kItemWork + path.elementCount();
-}
-
-double reachOf(const QPen& pen) {
-    const double half = std::max(pen.widthF(), 1.0e-6) / 2;
-    if (pen.joinStyle() == Qt::SvgMiterJoin)
-        return half * std::max(pen.miterLimit(), 1.5);
-    return half * 1.5;
-}
-
-QRectF grown(const QRectF& rect, double by) {
-    return rect.adjusted(-by, -by, by, by);
 }
 
 /// Whether the rectangles share a point; unlike areas, lines have no width of their own.
@@ -39,26 +29,49 @@ QRectF around(const QRectF& a, const QRectF& b) {
 }  // namespace
 
 void DisplayList::fill(const QPainterPath& path, const QBrush& brush, const ClipPartsPtr& clip) {
+    flushStroke();
     add(FillItem{path, brush}, path.controlPointRect(), clip, workOf(path));
 }
 
 void DisplayList::stroke(const QPainterPath& path, const QPen& pen, const ClipPartsPtr& clip,
-                         const QTransform* penSpace) {
-    if (penSpace == nullptr && goOnFromLast(path, pen, clip))
+                         const QTransform& penSpace) {
+    // Files draw long lines piece by piece; joined they look as they should at their corners.
+    if (m_openStroke && path.elementCount() == 2 && m_openStroke->clip == clip &&
+        m_openStroke->path.currentPosition() == QPointF(path.elementAt(0)) &&
+        m_openStroke->pen == pen && m_openStroke->penSpace == penSpace) {
+        m_openStroke->path.lineTo(path.elementAt(1));
         return;
-    const QRectF inPenSpace = grown(path.controlPointRect(), reachOf(pen));
-    const QRectF bounds = penSpace == nullptr ? inPenSpace : penSpace->mapRect(inPenSpace);
-    add(StrokeItem{path, pen, penSpaceIndex(penSpace)}, bounds, clip, 2 * workOf(path));
+    }
+    flushStroke();
+    m_openStroke = OpenStroke{path, pen, clip, penSpace};
+}
+
+void DisplayList::flushStroke() {
+    if (!m_openStroke)
+        return;
+    const OpenStroke open = std::move(*m_openStroke);
+    m_openStroke.reset();
+    if (!m_budget.spend(kStrokeWork * open.path.elementCount()))
+        return;
+    const QTransform& space = open.penSpace;
+    const double scale = std::sqrt(std::abs(space.determinant()));
+    QPainterPathStroker stroker(open.pen);
+    stroker.setCurveThreshold(m_tolerance / std::max(scale, 1.0e-9));
+    QPainterPath outline = space.map(stroker.createStroke(open.path));
+    outline.setFillRule(Qt::WindingFill);
+    add(FillItem{outline, open.pen.brush()}, outline.controlPointRect(), open.clip,
+        workOf(outline));
 }
 
 void DisplayList::image(const QImage& image, const QRectF& source, const QTransform& toDevice,
                         double opacity, const ClipPartsPtr& clip) {
+    flushStroke();
     const double work =
         kItemWork + static_cast<double>(image.width()) * image.height() / (64.0 * 1024);
     add(ImageItem{image, source, toDevice, opacity}, toDevice.mapRect(source), clip, work);
 }
 
-void DisplayList::add(std::variant<FillItem, StrokeItem, ImageItem> what, const QRectF& bounds,
+void DisplayList::add(std::variant<FillItem, ImageItem> what, const QRectF& bounds,
                       const ClipPartsPtr& clip, double work) {
     const std::uint32_t index = clipIndex(clip);
     QRectF shown = bounds;
@@ -72,28 +85,6 @@ void DisplayList::add(std::variant<FillItem, StrokeItem, ImageItem> what, const 
     m_bounds = m_items.empty() ? shown : around(m_bounds, shown);
     m_bytes += kItemBytes + static_cast<std::int64_t>(work) * kElementBytes;
     m_items.push_back({std::move(what), shown, index});
-}
-
-/// Files draw long lines piece by piece; joined they look as they should at their corners and
-/// cost one item.
-bool DisplayList::goOnFromLast(const QPainterPath& path, const QPen& pen,
-                               const ClipPartsPtr& clip) {
-    if (m_items.empty() || m_clips[m_items.back().clip] != clip)
-        return false;
-    auto* const last = std::get_if<StrokeItem>(&m_items.back().what);
-    if (last == nullptr || last->penSpace != 0 || path.elementCount() != 2 ||
-        last->path.currentPosition() != QPointF(path.elementAt(0)) || last->pen != pen)
-        return false;
-    if (m_budget.spend(2)) {
-        last->path.lineTo(path.elementAt(1));
-        QRectF& bounds = m_items.back().bounds;
-        bounds = around(bounds, grown(path.controlPointRect(), reachOf(pen)));
-        if (clip != nullptr)
-            bounds &= m_clipBounds[m_items.back().clip];
-        m_bounds = around(m_bounds, bounds);
-        m_bytes += kElementBytes;
-    }
-    return true;
 }
 
 std::uint32_t DisplayList::clipIndex(const ClipPartsPtr& clip) {
@@ -111,14 +102,6 @@ std::uint32_t DisplayList::clipIndex(const ClipPartsPtr& clip) {
         m_clipBounds.push_back(bounds);
     }
     return static_cast<std::uint32_t>(m_clips.size() - 1);
-}
-
-std::uint32_t DisplayList::penSpaceIndex(const QTransform* penSpace) {
-    if (penSpace == nullptr)
-        return 0;
-    if (m_penSpaces.size() == 1 || m_penSpaces.back() != *penSpace)
-        m_penSpaces.push_back(*penSpace);
-    return static_cast<std::uint32_t>(m_penSpaces.size() - 1);
 }
 
 double DisplayList::areaWork(const QRectF& frame) const {

@@ -6,6 +6,7 @@
 #include <QPen>
 #include <QTransform>
 #include <cstdint>
+#include <optional>
 #include <variant>
 #include <vector>
 
@@ -19,14 +20,6 @@ namespace vellora::metafile {
 struct FillItem {
     QPainterPath path;
     QBrush brush;
-};
-
-struct StrokeItem {
-    /// In the pen's own space, where its tip is round.
-    QPainterPath path;
-    QPen pen;
-    /// Index of the transform from the pen's space to device units; 0 when they are the same.
-    std::uint32_t penSpace = 0;
 };
 
 struct ImageItem {
@@ -45,11 +38,18 @@ public:
     explicit DisplayList(WorkBudget& budget) : m_budget(budget) {}
 
     void fill(const QPainterPath& path, const QBrush& brush, const ClipPartsPtr& clip);
-    /// @param penSpace  from the pen's space to device units, where it is no plain scaling
+    /// A line along a path, kept as its outline.
+    /// @param path  in the pen's own space, where its tip is round
+    /// @param penSpace  from that space to device units
     void stroke(const QPainterPath& path, const QPen& pen, const ClipPartsPtr& clip,
-                const QTransform* penSpace = nullptr);
+                const QTransform& penSpace = {});
     void image(const QImage& image, const QRectF& source, const QTransform& toDevice,
                double opacity, const ClipPartsPtr& clip);
+
+    /// How far an outline may lie off its curve, in device units.
+    void setTolerance(double tolerance) { m_tolerance = tolerance; }
+    /// To be called when all is drawn.
+    void finish() { flushStroke(); }
 
     bool isEmpty() const { return m_items.empty(); }
     std::size_t size() const { return m_items.size(); }
@@ -66,23 +66,30 @@ public:
 
 private:
     struct Item {
-        std::variant<FillItem, StrokeItem, ImageItem> what;
+        std::variant<FillItem, ImageItem> what;
         QRectF bounds;
         std::uint32_t clip = 0;
     };
+    /// The line drawn last, which may go on.
+    struct OpenStroke {
+        QPainterPath path;
+        QPen pen;
+        ClipPartsPtr clip;
+        QTransform penSpace;
+    };
 
-    void add(std::variant<FillItem, StrokeItem, ImageItem> what, const QRectF& bounds,
-             const ClipPartsPtr& clip, double work);
-    bool goOnFromLast(const QPainterPath& path, const QPen& pen, const ClipPartsPtr& clip);
+    void add(std::variant<FillItem, ImageItem> what, const QRectF& bounds, const ClipPartsPtr& clip,
+             double work);
+    void flushStroke();
     std::uint32_t clipIndex(const ClipPartsPtr& clip);
-    std::uint32_t penSpaceIndex(const QTransform* penSpace);
 
     WorkBudget& m_budget;
+    double m_tolerance = 0.05;
     std::vector<Item> m_items;
-    /// Index 0 stands for "no clip" and "device units".
+    std::optional<OpenStroke> m_openStroke;
+    /// Index 0 stands for "no clip".
     std::vector<ClipPartsPtr> m_clips{nullptr};
     std::vector<QRectF> m_clipBounds{QRectF()};
-    std::vector<QTransform> m_penSpaces{QTransform()};
     QRectF m_bounds;
     std::int64_t m_bytes = 0;
 };

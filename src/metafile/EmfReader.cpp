@@ -72,6 +72,7 @@ bool EmfReader::recognises(RecordView file) {
 EmfReader::EmfReader(RecordView file, PictureData& data)
     : m_file(file), m_data(data), m_objects(file.u16(56)), m_canvas(data.list, data.work, 1) {
     readHeader();
+    setTolerance(data);
 }
 
 void EmfReader::readHeader() {

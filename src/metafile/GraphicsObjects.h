@@ -81,7 +81,7 @@ using GraphicsObject =
 /// The objects of one file. WMF files take the lowest free slot, EMF files name theirs.
 class ObjectTable {
 public:
-    explicit ObjectTable(std::size_t slots) : m_objects(slots) {}
+    explicit ObjectTable(std::size_t places) : m_objects(places) {}
 
     void setAtLowestFree(GraphicsObject object);
     void set(std::size_t index, GraphicsObject object);

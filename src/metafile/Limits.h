@@ -14,7 +14,7 @@ inline constexpr std::int64_t kMaxBitmapPixels = 64LL << 20;
 /// Mapped coordinates are held inside this many device units.
 inline constexpr double kMaxCoordinate = 1.0e8;
 /// Dashes of one stroke, and lines of one hatched area; above, both are drawn solid.
-inline constexpr double kMaxDashes = 20'000;
+inline constexpr double kMaxDashes = 4'000;
 inline constexpr double kMaxHatchLines = 4'000;
 /// Clip shapes that are intersected exactly; of further ones the boxes are taken.
 inline constexpr std::size_t kMaxClipDepth = 16;
@@ -26,6 +26,8 @@ inline constexpr std::size_t kMaxTextLength = 4'096;
 inline constexpr double kMaxWork = 6.0e6;
 inline constexpr double kFrameFillWork = 2'048;
 inline constexpr double kItemWork = 12;
+/// For each point of a line, beside those of its outline.
+inline constexpr double kStrokeWork = 4;
 inline constexpr double kGlyphWork = 40;
 inline constexpr double kFontWork = 4'096;
 

@@ -31,8 +31,9 @@ RecordView viewOf(const QByteArray& bytes) {
             static_cast<std::size_t>(bytes.size())};
 }
 
-/// Takes the frame from what the records cover when the file names none.
-void completeFrame(PictureData& data) {
+/// Ends the drawing and takes the frame from what the records cover when the file names none.
+void complete(PictureData& data) {
+    data.list.finish();
     if (!data.frame.isEmpty())
         return;
     data.frame = data.list.bounds();
@@ -84,7 +85,7 @@ std::shared_ptr<const MetafilePicture> MetafilePicture::fromBytes(const QByteArr
     } else {
         return refuse(reason, "not a metafile");
     }
-    completeFrame(*data);
+    complete(*data);
     if (const char* const fault = faultOf(*data))
         return refuse(reason, fault);
     return std::shared_ptr<const MetafilePicture>(new MetafilePicture(format, std::move(data)));

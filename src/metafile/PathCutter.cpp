@@ -1,10 +1,9 @@
 #include "metafile/PathCutter.h"
 
-#include <QLineF>
 #include <QPolygonF>
+#include <QTransform>
 #include <algorithm>
 #include <array>
-#include <optional>
 
 namespace vellora::metafile {
 namespace {
@@ -45,48 +44,20 @@ QPolygonF cutAtBorder(const QPolygonF& polygon, const Border& border) {
     return kept;
 }
 
-std::optional<QLineF> cutSegment(QLineF line, const QRectF& area) {
-    for (const Border& border : bordersOf(area)) {
-        const double from = border.depth(line.p1());
-        const double to = border.depth(line.p2());
-        if (from < 0 && to < 0)
-            return {};
-        const QPointF meeting =
-            (from < 0) != (to < 0) ? crossing(line.p1(), from, line.p2(), to) : QPointF();
-        if (from < 0)
-            line.setP1(meeting);
-        else if (to < 0)
-            line.setP2(meeting);
-    }
-    return line;
-}
-
 }  // namespace
 
-QPainterPath cutFilled(const QPainterPath& path, const QRectF& area) {
+QPainterPath cutFilled(const QPainterPath& path, const QRectF& area, double scale) {
+    const QTransform toPixels = QTransform::fromScale(scale, scale);
+    const QTransform back = QTransform::fromScale(1 / scale, 1 / scale);
+    const QRectF pixels = toPixels.mapRect(area);
     QPainterPath result;
     result.setFillRule(path.fillRule());
-    for (QPolygonF polygon : path.toSubpathPolygons()) {
-        for (const Border& border : bordersOf(area))
+    for (QPolygonF polygon : path.toSubpathPolygons(toPixels)) {
+        for (const Border& border : bordersOf(pixels))
             polygon = cutAtBorder(polygon, border);
         if (polygon.size() > 2) {
-            result.addPolygon(polygon);
+            result.addPolygon(back.map(polygon));
             result.closeSubpath();
-        }
-    }
-    return result;
-}
-
-QPainterPath cutLine(const QPainterPath& path, const QRectF& area) {
-    QPainterPath result;
-    for (const QPolygonF& polygon : path.toSubpathPolygons()) {
-        for (qsizetype i = 1; i < polygon.size(); ++i) {
-            const std::optional<QLineF> kept = cutSegment({polygon[i - 1], polygon[i]}, area);
-            if (!kept)
-                continue;
-            if (result.isEmpty() || result.currentPosition() != kept->p1())
-                result.moveTo(kept->p1());
-            result.lineTo(kept->p2());
         }
     }
     return result;

@@ -7,9 +7,7 @@ namespace vellora::metafile {
 
 /// The part of a filled path that shows inside an area, with straight edges only. Time grows with
 /// the points alone, however far away they lie.
-QPainterPath cutFilled(const QPainterPath& path, const QRectF& area);
-
-/// The same for the line along a path; lines that leave the area and come back are parted.
-QPainterPath cutLine(const QPainterPath& path, const QRectF& area);
+/// @param scale  pixels to a unit, by which curves are divided
+QPainterPath cutFilled(const QPainterPath& path, const QRectF& area, double scale);
 
 }  // namespace vellora::metafile

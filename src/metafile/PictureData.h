@@ -2,6 +2,7 @@
 
 #include <QRectF>
 #include <QSizeF>
+#include <algorithm>
 #include <cstdint>
 #include <map>
 
@@ -39,6 +40,14 @@ inline bool countRecord(PictureData& data, std::uint32_t type) {
     ++data.tally.byType[type];
     data.complete = ++data.tally.total <= kMaxRecords;
     return data.complete && !data.work.isExhausted();
+}
+
+/// Outlines that stay within a quarter of a pixel of their curves in the largest pictures.
+inline void setTolerance(PictureData& data) {
+    constexpr double largestPicture = 6'000;
+    const double longest = std::max(data.frame.width(), data.frame.height());
+    if (longest > 0)
+        data.list.setTolerance(0.25 * longest / largestPicture);
 }
 
 }  // namespace vellora::metafile

@@ -9,16 +9,17 @@
 namespace vellora::metafile {
 namespace {
 
-/// Device coordinates that the rasteriser takes without cutting paths itself, which would cost
-/// time beyond measure on paths of strangers.
-constexpr double kSafeDevice = 30'000;
+/// Pixels outside the surface that paths may reach. The rasteriser visits all that a path crosses,
+/// and beyond 32,767 pixels it cuts paths by means that cost time beyond measure on those of
+/// strangers.
+constexpr double kSafeReach = 1'000;
 constexpr double kMargin = 64;
-constexpr double kFarMiter = 2;
 
 /// The painter's surface, seen in the coordinates of the list.
 struct Surface {
     QRectF visible;
     QRectF safe;
+    double scale = 1;
 
     Surface(const QPainter& painter, const QTransform& toSurface) {
         bool invertible = false;
@@ -29,7 +30,8 @@ struct Surface {
         const double ratio = device.devicePixelRatioF();
         const QRectF all(0, 0, device.width() * ratio, device.height() * ratio);
         visible = back.mapRect(all.adjusted(-kMargin, -kMargin, kMargin, kMargin));
-        safe = back.mapRect(QRectF(-kSafeDevice, -kSafeDevice, 2 * kSafeDevice, 2 * kSafeDevice));
+        safe = back.mapRect(all.adjusted(-kSafeReach, -kSafeReach, kSafeReach, kSafeReach));
+        scale = std::sqrt(std::abs(toSurface.determinant()));
     }
 };
 
@@ -43,16 +45,8 @@ public:
         if (m_surface.safe.contains(bounds))
             m_painter.fillPath(item.path, item.brush);
         else
-            m_painter.fillPath(cutFilled(item.path, m_surface.visible), item.brush);
-    }
-
-    void stroke(const StrokeItem& item, const QTransform& penSpace) const {
-        const bool ownSpace = item.penSpace != 0;
-        if (ownSpace)
-            m_painter.setTransform(penSpace * m_toPainter);
-        strokeIn(ownSpace ? Surface(m_painter, m_painter.deviceTransform()) : m_surface, item);
-        if (ownSpace)
-            m_painter.setTransform(m_toPainter);
+            m_painter.fillPath(cutFilled(item.path, m_surface.visible, m_surface.scale),
+                               item.brush);
     }
 
     void operator()(const ImageItem& item) const {
@@ -68,29 +62,12 @@ public:
             if (m_surface.safe.contains(part.path.controlPointRect()))
                 m_painter.setClipPath(part.path, Qt::IntersectClip);
             else
-                m_painter.setClipPath(cutFilled(part.path, m_surface.visible), Qt::IntersectClip);
+                m_painter.setClipPath(cutFilled(part.path, m_surface.visible, m_surface.scale),
+                                      Qt::IntersectClip);
         }
     }
 
 private:
-    void strokeIn(const Surface& surface, const StrokeItem& item) const {
-        const double reach = item.pen.widthF() * kMaxMiter;
-        const QRectF bounds = item.path.controlPointRect().adjusted(-reach, -reach, reach, reach);
-        if (surface.safe.contains(bounds)) {
-            m_painter.strokePath(item.path, item.pen);
-            return;
-        }
-        const double widest = 2 * std::max(surface.visible.width(), surface.visible.height());
-        const double width = std::min(item.pen.widthF(), widest);
-        QPen pen = item.pen;
-        pen.setWidthF(width);
-        if (pen.joinStyle() == Qt::SvgMiterJoin)
-            pen.setMiterLimit(std::min(pen.miterLimit(), kFarMiter));
-        const double around = width * kFarMiter;
-        const QRectF area = surface.visible.adjusted(-around, -around, around, around);
-        m_painter.strokePath(cutLine(item.path, area), pen);
-    }
-
     /// Bilinear sampling skips pixels when an image is drawn much smaller, so it is averaged first.
     void drawReduced(const ImageItem& item) const {
         const QTransform onDevice = m_painter.deviceTransform();
@@ -138,12 +115,7 @@ void DisplayList::replay(QPainter& painter, const QTransform& toTarget, const QR
                 replayer.setClip(*m_clips[clip]);
             }
         }
-        if (const auto* stroke = std::get_if<StrokeItem>(&item.what))
-            replayer.stroke(*stroke, m_penSpaces[stroke->penSpace]);
-        else if (const auto* fill = std::get_if<FillItem>(&item.what))
-            replayer(*fill);
-        else
-            replayer(std::get<ImageItem>(item.what));
+        std::visit(replayer, item.what);
     }
     if (clip != 0)
         painter.restore();

@@ -94,6 +94,7 @@ WmfReader::WmfReader(RecordView file, PictureData& data)
       m_objects(std::max<std::size_t>(m_header.u16(10), kFewestObjects)),
       m_canvas(data.list, data.work, readFrame()) {
     prepareCanvas();
+    setTolerance(data);
 }
 
 WmfReader::Mapping WmfReader::findMapping() const {

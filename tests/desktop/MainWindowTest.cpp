@@ -1,5 +1,7 @@
+#include <QAbstractButton>
 #include <QDialog>
 #include <QMessageBox>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QTimer>
 
@@ -154,6 +156,8 @@ TEST_F(MainWindowTest, RemovesTheSelectedPhotos) {
                       photo(QStringLiteral("three.png"))});
     window.view().selectionModel()->select(window.document().slides().index(1),
                                            QItemSelectionModel::Select);
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     QTest::keyClick(&window.view(), Qt::Key_Delete);
     ASSERT_EQ(window.document().slides().count(), 2);
     EXPECT_EQ(window.document().slides().slide(1)->caption(), QStringLiteral("three.png"));

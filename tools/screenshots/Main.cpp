@@ -16,6 +16,9 @@
 namespace vellora::screenshots {
 namespace {
 
+/// Photos are a little soft: grain would make the pictures of the dialog three times as large.
+constexpr QSize kSoftSize{450, 300};
+
 void setText(char16_t* field, const QString& text) {
     std::memcpy(field, text.utf16(), static_cast<std::size_t>(text.size()) * sizeof(char16_t));
 }
@@ -26,7 +29,10 @@ std::vector<_PHOTO_LIST_NODE> makePhotos(const QTemporaryDir& folder) {
     for (const scenes::Scene& scene : scenes::all()) {
         const QString path =
             folder.filePath(QStringLiteral("%1.jpg").arg(QString::fromLatin1(scene.name)));
-        scene.paint({1600, 1066}).save(path, "JPEG", 92);
+        scene.paint({1600, 1066})
+            .scaled(kSoftSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+            .scaled(1200, 800, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+            .save(path, "JPEG", 95);
         _PHOTO_LIST_NODE photo{};
         setText(photo.path, path);
         photos.push_back(photo);

@@ -133,10 +133,10 @@ public:
     ///
     /// Every edit is made at once, in the host record and the edit record; there is no cancel. The
     /// image-buffer lock is held as long as the dialog is open, so other threads wait in
-    /// `GetOutImg` and `ReleaseImgBuf`. Event handlers of the host that run on this thread meanwhile
-    /// may call both, and may add and remove photos: `GetOutImg` gives the photo that is being
-    /// edited as it is committed, and `ReleaseImgBuf` leaves its pictures alone. The host creates
-    /// the `QApplication` before.
+    /// `GetOutImg` and `ReleaseImgBuf`. Event handlers of the host that run on this thread
+    /// meanwhile may call both, and may add and remove photos: `GetOutImg` gives the photo that is
+    /// being edited as it is committed, and `ReleaseImgBuf` leaves its pictures alone. The host
+    /// creates the `QApplication` before.
     ///
     /// @param index        Of the photo; the user may go on to others.
     /// @param hostWindow   Receives a `HostMessageEvent` after each flip and rotation, for each

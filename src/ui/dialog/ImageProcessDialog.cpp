@@ -87,8 +87,8 @@ CImageProcessDialog::CImageProcessDialog(CImageObj& document, int index, const H
         m_background = tile;
     }
     fillToolPanel(*m_toolPanel);
-    m_toolPanel->installEventFilter(this);
     fillTabBar(*m_tabBar);
+    m_tabBar->setAccessibleName(windowTitle());
     BuildPages(document.GetTextEffectBaseFolder());
     skin::applySkin(*this);
     Connect();

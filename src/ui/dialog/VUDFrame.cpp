@@ -1,5 +1,6 @@
 #include "ui/dialog/VUDFrame.h"
 
+#include <QChildEvent>
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
@@ -169,6 +170,21 @@ void CVUDFrame::mouseMoveEvent(QMouseEvent* event) {
     const bool sizes = m_resizable && !m_maximized;
     setCursor(sizes ? cursorOfZone(frameZoneAt(event->position().toPoint(), size()))
                     : Qt::ArrowCursor);
+}
+
+void CVUDFrame::childEvent(QChildEvent* event) {
+    QDialog::childEvent(event);
+    if (event->added() && event->child()->isWidgetType()) {
+        event->child()->installEventFilter(this);
+    }
+}
+
+bool CVUDFrame::eventFilter(QObject* watched, QEvent* event) {
+    // What stands in the frame would show the cursor of the edge that the mouse came over.
+    if (event->type() == QEvent::Enter) {
+        setCursor(Qt::ArrowCursor);
+    }
+    return QDialog::eventFilter(watched, event);
 }
 
 void CVUDFrame::mouseReleaseEvent(QMouseEvent* /*event*/) {

@@ -15,7 +15,6 @@
 
 #include "base/ResourceIds.h"
 #include "ui/EditSession.h"
-#include "ui/WaitCursor.h"
 #include "ui/canvas/PhotoEditShowWnd.h"
 #include "ui/controls/ControlId.h"
 #include "ui/controls/FilterListBox.h"
@@ -200,7 +199,6 @@ void CPhotoCropFilter::showEvent(QShowEvent* event) {
 
 void CPhotoCropFilter::ShowThumbnails() {
     if (m_thumbnailsStale && isVisible()) {
-        const WaitCursor wait;
         m_thumbnails.clear();
         if (m_session.hasPicture()) {
             m_thumbnails =
