@@ -103,6 +103,8 @@ void CPhotoEditShowWnd::AddText() {
     if (m_session.isOpen()) {
         Select(addText(m_session, LanguageString(kDoubleClickToEdit), m_textPlaces.next(),
                        m_textProperties));
+        // So that the keys that move, type over and delete it reach it.
+        setFocus(Qt::OtherFocusReason);
     }
 }
 
@@ -121,6 +123,7 @@ bool CPhotoEditShowWnd::AddClip(const QString& file, const QPoint* centre, QStri
     clip->SetPosition(place.position.x(), place.position.y());
     clip->SetSize(place.size.width(), place.size.height());
     Select(m_session.addSprite(std::move(clip)));
+    setFocus(Qt::OtherFocusReason);
     return true;
 }
 
