@@ -42,6 +42,7 @@ CPhotoEditShowWnd::CPhotoEditShowWnd(EditSession& session, QWidget* parent)
       m_layers(std::make_unique<CanvasLayers>(session)),
       m_typing(new InPlaceText(*this)),
       m_marker(new FilterMarker(this)),
+      m_mouse(session),
       m_clipPlaces(kFirstClip, kFirstClip) {
     setFixedSize(kStageWidth, kStageHeight);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -74,8 +75,8 @@ void CPhotoEditShowWnd::SetSlide(int index, int count) {
 }
 
 void CPhotoEditShowWnd::SetCropMode(int mode) {
-    if (m_crop.setMode(mode, m_session.placedPhoto())) {
-        m_drag.end();
+    if (m_mouse.crop().setMode(mode, m_session.placedPhoto())) {
+        m_mouse.drop();
         unsetCursor();
         update();
     }
@@ -183,22 +184,13 @@ void CPhotoEditShowWnd::Command(int id) {
         case kSpriteDelete:
             DeleteSelected();
             break;
-        case kSpriteForward:
-            m_session.reorderSprite(selected, SpriteOrder::Forward);
-            break;
-        case kSpriteBackward:
-            m_session.reorderSprite(selected, SpriteOrder::Backward);
-            break;
-        case kSpriteToFront:
-            m_session.reorderSprite(selected, SpriteOrder::Front);
-            break;
-        case kSpriteToBack:
-            m_session.reorderSprite(selected, SpriteOrder::Back);
-            break;
         case kSpriteToAll:
             m_session.applyToAll(selected);
             break;
         default:
+            if (const auto order = spriteOrderOf(id)) {
+                m_session.reorderSprite(selected, *order);
+            }
             break;
     }
 }
@@ -210,7 +202,7 @@ bool CPhotoEditShowWnd::IsCommandEnabled(int id) const {
 void CPhotoEditShowWnd::DeleteSelected() {
     CDVDImageSprite* selected = GetSelected();
     m_selected = nullptr;
-    m_drag.end();
+    m_mouse.drop();
     if (selected != nullptr) {
         m_clipboard.forget(selected);
         m_session.deleteSprite(selected);
@@ -239,9 +231,9 @@ void CPhotoEditShowWnd::Announce(CDVDImageSprite& sprite) {
 }
 
 void CPhotoEditShowWnd::DropCropFrame() {
-    if (!m_crop.isEmpty()) {
-        m_crop.drop();
-        m_drag.end();
+    if (!m_mouse.crop().isEmpty()) {
+        m_mouse.crop().drop();
+        m_mouse.drop();
         unsetCursor();
         update();
         Q_EMIT CropFrameDropped();
@@ -259,7 +251,7 @@ void CPhotoEditShowWnd::RedrawSprites() {
 }
 
 void CPhotoEditShowWnd::PictureCommitted() {
-    m_crop.clear();
+    m_mouse.crop().clear();
     unsetCursor();
     m_layers->invalidatePhoto();
     update();
@@ -272,9 +264,8 @@ void CPhotoEditShowWnd::OnPhotoAboutToChange() {
 
 void CPhotoEditShowWnd::OnPhotoChanged() {
     m_selected = nullptr;
-    m_drag.end();
-    m_buttonDown = false;
-    m_crop.clear();
+    m_mouse.release();
+    m_mouse.crop().clear();
     m_marker->hide();
     unsetCursor();
     expandTexts(m_session, m_slideIndex, m_slideCount);
@@ -288,7 +279,7 @@ void CPhotoEditShowWnd::OnEdited(PhotoEdit kind) {
         update();
         return;
     }
-    if (!m_drag.isActive()) {
+    if (!m_mouse.isDraggingSprite()) {
         expandTexts(m_session, m_slideIndex, m_slideCount);
     }
     RedrawSprites();
@@ -301,7 +292,7 @@ void CPhotoEditShowWnd::paintEvent(QPaintEvent* /*event*/) {
     if (selected != nullptr && selected != m_typing->target()) {
         drawSelection(painter, *selected);
     }
-    drawCropFrame(painter, m_crop);
+    drawCropFrame(painter, m_mouse.crop());
     if (m_showsFocus) {
         drawFocusFrame(painter);
     }
