@@ -1,116 +1,115 @@
 #include "screenshots/Palette.h"
 
+#include <QHash>
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <vector>
 
 namespace vellora::screenshots {
 namespace {
 
 constexpr int kColours = 256;
-constexpr unsigned kBits = 6;  ///< Of each channel that tell colours apart.
-constexpr unsigned kShift = 8 - kBits;
 
-/// Pixels of nearly the same colour.
-struct Cell {
-    std::array<std::uint64_t, 3> sum{};
-    std::uint64_t count = 0;
-    unsigned key = 0;
-
-    [[nodiscard]] double mean(std::size_t channel) const {
-        return static_cast<double>(sum[channel]) / static_cast<double>(count);
-    }
+/// A colour of the picture and how many pixels have it.
+struct Shade {
+    std::array<double, 3> channel{};
+    double count = 0;
+    QRgb colour = 0;
 };
 
-using Range = std::pair<std::vector<Cell>::iterator, std::vector<Cell>::iterator>;
+using Place = std::vector<Shade>::iterator;
 
-unsigned keyOf(QRgb colour) {
-    const auto part = [](int value) { return static_cast<unsigned>(value) >> kShift; };
-    return (part(qRed(colour)) << (2 * kBits)) | (part(qGreen(colour)) << kBits) |
-           part(qBlue(colour));
+/// Shades that will share a colour.
+struct Box {
+    Place first;
+    Place last;
+    std::array<double, 3> mean{};
+    double error = 0;  ///< Squared distance to the mean along the widest channel, over all pixels.
+    std::size_t widest = 0;
+};
+
+Box boxOf(Place first, Place last) {
+    Box box{first, last};
+    double pixels = 0;
+    for (Place shade = first; shade != last; ++shade) {
+        pixels += shade->count;
+        for (std::size_t channel = 0; channel < 3; ++channel) {
+            box.mean[channel] += shade->count * shade->channel[channel];
+        }
+    }
+    for (std::size_t channel = 0; channel < 3; ++channel) {
+        box.mean[channel] /= pixels;
+        double error = 0;
+        for (Place shade = first; shade != last; ++shade) {
+            error += shade->count * std::pow(shade->channel[channel] - box.mean[channel], 2);
+        }
+        if (error > box.error) {
+            box.error = error;
+            box.widest = channel;
+        }
+    }
+    return box;
 }
 
-std::vector<Cell> cellsOf(const QImage& picture) {
-    std::vector<Cell> all(std::size_t{1} << (3 * kBits));
+std::vector<Shade> shadesOf(const QImage& picture) {
+    QHash<QRgb, double> counts;
     for (int y = 0; y < picture.height(); ++y) {
         const auto* row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
         for (int x = 0; x < picture.width(); ++x) {
-            Cell& cell = all[keyOf(row[x])];
-            cell.key = keyOf(row[x]);
-            cell.sum[0] += static_cast<unsigned>(qRed(row[x]));
-            cell.sum[1] += static_cast<unsigned>(qGreen(row[x]));
-            cell.sum[2] += static_cast<unsigned>(qBlue(row[x]));
-            ++cell.count;
+            counts[row[x]] += 1;
         }
     }
-    std::erase_if(all, [](const Cell& cell) { return cell.count == 0; });
-    return all;
-}
-
-/// How far the colours of a range spread, and along which channel.
-std::pair<double, std::size_t> spreadOf(const Range& range) {
-    std::pair<double, std::size_t> widest{0.0, 0};
-    for (std::size_t channel = 0; channel < 3; ++channel) {
-        const auto [low, high] = std::minmax_element(
-            range.first, range.second,
-            [channel](const Cell& a, const Cell& b) { return a.mean(channel) < b.mean(channel); });
-        widest = std::max(widest, {high->mean(channel) - low->mean(channel), channel});
+    std::vector<Shade> shades;
+    for (auto entry = counts.cbegin(); entry != counts.cend(); ++entry) {
+        const QRgb colour = entry.key();
+        shades.push_back({{static_cast<double>(qRed(colour)), static_cast<double>(qGreen(colour)),
+                           static_cast<double>(qBlue(colour))},
+                          entry.value(),
+                          colour});
     }
-    return widest;
+    // The hash has no order of its own; the same picture shall give the same file.
+    std::ranges::sort(shades, {}, &Shade::colour);
+    return shades;
 }
 
-/// Cuts the range with the widest spread in two until there are enough.
-std::vector<Range> cut(std::vector<Cell>& cells) {
-    std::vector<Range> ranges{{cells.begin(), cells.end()}};
-    while (ranges.size() < kColours) {
-        const auto widest = std::ranges::max_element(
-            ranges, {}, [](const Range& range) { return spreadOf(range).first; });
-        const auto [spread, channel] = spreadOf(*widest);
-        if (spread == 0.0) {
+/// Cuts the box with the largest error at its mean until there are enough.
+std::vector<Box> cut(std::vector<Shade>& shades) {
+    std::vector<Box> boxes{boxOf(shades.begin(), shades.end())};
+    while (boxes.size() < kColours) {
+        const auto worst = std::ranges::max_element(boxes, {}, &Box::error);
+        if (worst->error == 0) {
             break;
         }
-        const auto& [first, last] = *widest;
-        const auto middle = first + (last - first) / 2;
-        std::nth_element(first, middle, last, [channel = channel](const Cell& a, const Cell& b) {
-            return a.mean(channel) < b.mean(channel);
+        const Box box = *worst;
+        const Place middle = std::partition(box.first, box.last, [&box](const Shade& shade) {
+            return shade.channel[box.widest] < box.mean[box.widest];
         });
-        const Range upper{middle, last};
-        widest->second = middle;
-        ranges.push_back(upper);
+        *worst = boxOf(box.first, middle);
+        boxes.push_back(boxOf(middle, box.last));
     }
-    return ranges;
-}
-
-QRgb meanOf(const Range& range) {
-    Cell whole;
-    for (auto cell = range.first; cell != range.second; ++cell) {
-        for (std::size_t channel = 0; channel < 3; ++channel) {
-            whole.sum[channel] += cell->sum[channel];
-        }
-        whole.count += cell->count;
-    }
-    return qRgb(qRound(whole.mean(0)), qRound(whole.mean(1)), qRound(whole.mean(2)));
+    return boxes;
 }
 
 }  // namespace
 
 QImage withPalette(const QImage& picture) {
     const QImage source = picture.convertToFormat(QImage::Format_RGB32);
-    std::vector<Cell> cells = cellsOf(source);
-    std::vector<uchar> indices(std::size_t{1} << (3 * kBits));
+    std::vector<Shade> shades = shadesOf(source);
+    QHash<QRgb, uchar> indices;
     QList<QRgb> colours;
-    for (const Range& range : cut(cells)) {
-        for (auto cell = range.first; cell != range.second; ++cell) {
-            indices[cell->key] = static_cast<uchar>(colours.size());
+    for (const Box& box : cut(shades)) {
+        for (Place shade = box.first; shade != box.last; ++shade) {
+            indices[shade->colour] = static_cast<uchar>(colours.size());
         }
-        colours << meanOf(range);
+        colours << qRgb(qRound(box.mean[0]), qRound(box.mean[1]), qRound(box.mean[2]));
     }
     QImage result(source.size(), QImage::Format_Indexed8);
     result.setColorTable(colours);
     for (int y = 0; y < source.height(); ++y) {
         const auto* from = reinterpret_cast<const QRgb*>(source.constScanLine(y));
         std::transform(from, from + source.width(), result.scanLine(y),
-                       [&indices](QRgb colour) { return indices[keyOf(colour)]; });
+                       [&indices](QRgb colour) { return indices.value(colour); });
     }
     return result;
 }
