@@ -24,9 +24,10 @@ set(VELLORA_DEB_LIBRARY "libvellora${PROJECT_VERSION_MAJOR}")
 
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_NAME "${VELLORA_DEB_LIBRARY}")
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA "${PROJECT_SOURCE_DIR}/packaging/triggers")
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_RECOMMENDS "qt6-image-formats-plugins")
 set(CPACK_COMPONENT_LIBRARY_DESCRIPTION
-    "Photo-editing module for slideshow authoring\n Keeps non-destructive edits of photos, shows an edit dialog and renders\n finished pictures. With its text styles, clips and language files.")
+    "Photo-editing module for slideshow authoring - library\n Keeps non-destructive edits of photos, shows an edit dialog and renders\n finished pictures. With its text styles, clips and language files.")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libvellora-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
@@ -41,5 +42,16 @@ set(CPACK_DEBIAN_PROGRAMS_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PROGRAMS_PACKAGE_DEPENDS "${VELLORA_DEB_LIBRARY} (= ${PROJECT_VERSION})")
 set(CPACK_COMPONENT_PROGRAMS_DESCRIPTION
     "Slideshows of photos with words\n The command line renders photos and slideshows without a display; the\n desktop program edits, plays and exports them.")
+
+foreach(package IN ITEMS library:${VELLORA_DEB_LIBRARY} development:libvellora-dev programs:vellora)
+    string(REPLACE ":" ";" package "${package}")
+    list(GET package 0 component)
+    list(GET package 1 name)
+    set(folder "${CMAKE_INSTALL_DATADIR}/doc/${name}")
+    vellora_install_compressed("${PROJECT_SOURCE_DIR}/packaging/changelog" changelog
+        "${folder}" ${component})
+    install(FILES "${PROJECT_SOURCE_DIR}/packaging/copyright"
+        DESTINATION "${folder}" COMPONENT ${component})
+endforeach()
 
 include(CPack)
