@@ -23,14 +23,12 @@ struct NewSprite {
     QString element;
 };
 
-NewSprite makeSprite(const QString& type, const QString& baseFolder) {
-    const auto is = [&type](QLatin1StringView name) {
-        return type.compare(name, Qt::CaseInsensitive) == 0;
-    };
-    if (is(QLatin1StringView("text"))) {
+NewSprite makeSprite(const XmlNode& node, const QString& baseFolder) {
+    const char* type = node.RawAttribute("type");
+    if (qstricmp(type, "text") == 0) {
         return {std::make_unique<CDVDImageText>(nullptr, baseFolder), QStringLiteral("text")};
     }
-    if (is(QLatin1StringView("props"))) {
+    if (qstricmp(type, "props") == 0) {
         return {std::make_unique<CDVDImageProps>(nullptr), QStringLiteral("props")};
     }
     return {};
@@ -101,7 +99,7 @@ public:
 
 private:
     bool loadSprite(const XmlNode& node, CSpriteHolder& holder, bool isAlbum) {
-        auto [sprite, element] = makeSprite(node.Attribute("type"), m_baseFolder);
+        auto [sprite, element] = makeSprite(node, m_baseFolder);
         if (sprite == nullptr) {
             return false;
         }

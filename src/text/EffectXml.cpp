@@ -12,16 +12,17 @@ std::int32_t readFlag(const XmlNode& element, const char* name) {
 
 TextBrushSettings readBrush(const XmlNode& layer) {
     TextBrushSettings brush;
+    const char* style = layer.RawAttribute("style");
     const XmlNode color = layer.Child("color");
-    if (layer.AttributeIs("style", "gradient")) {
+    if (qstricmp(style, "gradient") == 0) {
         brush.type = kGradientBrush;
         color.GetColorAttribute("color1", brush.colour1);
         color.GetColorAttribute("color2", brush.colour2);
         color.GetIntAttribute("angle", brush.angle);
         color.GetIntAttribute("grad_pos_percent", brush.position_percent);
-    } else if (layer.AttributeIs("style", "solid")) {
+    } else if (qstricmp(style, "solid") == 0) {
         color.GetColorAttribute("color1", brush.colour);
-    } else if (layer.AttributeIs("style", "texture")) {
+    } else if (qstricmp(style, "texture") == 0) {
         brush.type = kTextureBrush;
         brush.SetTextureName(layer.Child("file").Attribute("name"));
     }

@@ -4,45 +4,35 @@
 #include <QFileInfo>
 #include <QStringDecoder>
 #include <algorithm>
+#include <array>
 #include <exception>
+
+#include "xml/Nesting.h"
 
 namespace vellora {
 namespace {
 
 constexpr qint64 kMaxFileSize = qint64{256} << 20;
-constexpr int kMaxDepth = 256;
 
 // Without conversion of line ends and attribute blanks: what was written is what is read. Blanks
 // between tags make no nodes, which are two thirds of all in an indented file.
 constexpr unsigned kParseOptions =
     pugi::parse_cdata | pugi::parse_escapes | pugi::parse_ws_pcdata_single;
 
-/// Whether any node lies deeper than the limit. Steps without recursion, as the document may be
-/// of any depth here.
-bool nestsTooDeep(const pugi::xml_document& document) {
-    int depth = 1;
-    pugi::xml_node at = document.first_child();
-    while (at) {
-        if (at.first_child()) {
-            if (++depth > kMaxDepth) {
-                return true;
-            }
-            at = at.first_child();
-            continue;
-        }
-        while (at && !at.next_sibling()) {
-            at = at.parent();
-            --depth;
-        }
-        at = at.next_sibling();
+/// The name where a path is nothing but a short name of Latin letters, else an empty text.
+std::array<char, 32> plainNameOf(const QString& path) {
+    std::array<char, 32> name{};
+    if (path.size() >= static_cast<qsizetype>(name.size())) {
+        return name;
     }
-    return false;
-}
-
-bool isPlainName(const QString& path) {
-    return !path.isEmpty() && std::ranges::all_of(path, [](QChar c) {
-        return c == u'_' || (c.unicode() < 0x80 && c.isLetterOrNumber());
-    });
+    for (qsizetype i = 0; i < path.size(); ++i) {
+        const char16_t c = path[i].unicode();
+        if (c != u'_' && (c >= 0x80 || !QChar(c).isLetter())) {
+            return {};
+        }
+        name[static_cast<std::size_t>(i)] = static_cast<char>(c);
+    }
+    return name;
 }
 
 XmlError errorAt(const QByteArray& document, const pugi::xml_parse_result& result) {
@@ -92,6 +82,7 @@ pugi::xml_parse_result CXMLParse::Parse(QByteArray bytes) {
     m_context = {};
     m_document.reset();
     m_bytes = std::move(bytes);
+    m_isSurelyFlat = surelyNestsWithinLimit(m_bytes);
     return m_document.load_buffer_inplace(m_bytes.data(), static_cast<std::size_t>(m_bytes.size()),
                                           kParseOptions);
 }
@@ -109,7 +100,7 @@ int CXMLParse::RefuseWhenOdd() {
     if (elements > 1) {
         return Refuse({1, 1, QStringLiteral("There is more than one outermost element")});
     }
-    if (nestsTooDeep(m_document)) {
+    if (!m_isSurelyFlat && nestsTooDeep(m_document)) {
         return Refuse({1, 1, QStringLiteral("The elements are nested too deep")});
     }
     return 1;
@@ -139,8 +130,8 @@ int CXMLParse::OpenText(const QByteArray& document) {
 
 XmlNode CXMLParse::Select(const QString& xpath) const {
     const pugi::xml_node context = m_context ? m_context.m_node : m_document;
-    if (isPlainName(xpath)) {
-        return XmlNode(context.child(xpath.toLatin1().constData()));
+    if (const auto name = plainNameOf(xpath); name[0] != '\0') {
+        return XmlNode(context.child(name.data()));
     }
     try {
         return XmlNode(context.select_node(xpath.toUtf8().constData()).node());

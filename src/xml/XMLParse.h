@@ -83,6 +83,7 @@ private:
 
     QString m_path;
     QByteArray m_bytes;
+    bool m_isSurelyFlat = false;
     pugi::xml_document m_document;
     XmlNode m_context;
     XmlError m_error;

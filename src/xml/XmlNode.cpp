@@ -108,6 +108,10 @@ pugi::xml_attribute XmlNode::attribute(const char* name) const {
     return m_node.attribute(name, m_hint);
 }
 
+const char* XmlNode::RawAttribute(const char* name) const {
+    return attribute(name).value();
+}
+
 bool XmlNode::AttributeIs(const char* name, const char* text) const {
     return qstricmp(attribute(name).value(), text) == 0;
 }

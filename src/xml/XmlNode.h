@@ -41,6 +41,10 @@ public:
     /// Whether the attribute has this text, without regard to the case of Latin letters.
     [[nodiscard]] bool AttributeIs(const char* name, const char* text) const;
 
+    /// The attribute's UTF-8 text as it stands in the document, empty when there is none; valid
+    /// while the document is.
+    [[nodiscard]] const char* RawAttribute(const char* name) const;
+
     /// The attribute's text, empty when there is none.
     [[nodiscard]] QString Attribute(const char* name) const;
 

@@ -189,14 +189,24 @@ TEST(XmlReader, ExpandsNoEntityOfTheDocument) {
 }
 
 TEST(XmlReader, RefusesDeepNesting) {
-    const auto nested = [](int depth) {
-        return QByteArray("<a>").repeated(depth) + QByteArray("</a>").repeated(depth);
+    const auto nested = [](const QByteArray& start, int depth) {
+        return start.repeated(depth) + QByteArray("</a>").repeated(depth);
     };
+    // Among them tags that look like others at first sight.
+    for (const char* start :
+         {"<a>", "<a b=\"c\">", "<a b='c'>", "<a b=\"/>\">", "<a b='/>'>", "<a b=\"<x/>\">",
+          "<a b=\"x>\" c=\"</a>\">", "<a b=\"'\" c='</a>'>", "<a><!-- </a> -->",
+          "<a><![CDATA[</a>]]>", "<a>>/>", "<a><?x </a>?>"}) {
+        CXMLParse xml;
+        EXPECT_EQ(xml.OpenText(nested(start, 250)), 1) << start;
+        EXPECT_EQ(xml.OpenText(nested(start, 258)), 0) << start;
+        EXPECT_EQ(xml.OpenText(nested(start, 100000)), 0) << start;
+        EXPECT_FALSE(xml.Select("//a")) << start;
+    }
     CXMLParse xml;
-    EXPECT_EQ(xml.OpenText(nested(256)), 1);
-    EXPECT_EQ(xml.OpenText(nested(257)), 0);
-    EXPECT_EQ(xml.OpenText(nested(100000)), 0);
-    EXPECT_FALSE(xml.Select("//a"));
+    EXPECT_EQ(xml.OpenText(nested("<a>", 256)), 1);
+    EXPECT_EQ(xml.OpenText(nested("<a>", 257)), 0);
+    EXPECT_EQ(xml.OpenText("<r>" + QByteArray("<a b=\"c\"/>\n").repeated(1000) + "</r>"), 1);
 }
 
 TEST(XmlReader, NumbersChildrenByTheirId) {
