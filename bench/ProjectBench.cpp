@@ -4,7 +4,8 @@
 #include <QByteArray>
 #include <QFile>
 #include <QTemporaryDir>
-#include <chrono>
+#include <algorithm>
+#include <ctime>
 #include <memory>
 #include <vector>
 
@@ -19,10 +20,11 @@
 namespace vellora {
 namespace {
 
-using Clock = std::chrono::steady_clock;
+constexpr double kNever = 1e9;
 
-double secondsSince(Clock::time_point start) {
-    return std::chrono::duration<double>(Clock::now() - start).count();
+/// Processor time: the ratios then hold on a busy machine too.
+double secondsSince(std::clock_t start) {
+    return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
 }
 
 constexpr char kTextSprite[] = R"(<Sprite_Data id="%1" type="text">
@@ -140,31 +142,36 @@ public:
 void loadProjectOf(benchmark::State& state) {
     const int photos = static_cast<int>(state.range(0));
     const ProjectFile file(photos);
-    double parse = 0;
-    double load = 0;
+    double parse = kNever;
+    double load = kNever;
     double memory = 0;
     for (auto _ : state) {
-        auto start = Clock::now();
+        auto start = std::clock();
         {
             pugi::xml_document plain;
             plain.load_file(QFile::encodeName(file.path()).constData());
-            parse += secondsSince(start);
+            parse = std::min(parse, secondsSince(start));
         }
         Document document(photos);
         PeakMemory::restart();
         const double before = PeakMemory::bytes();
-        start = Clock::now();
+        start = std::clock();
         document.object().LoadFromXMLFile(file.path());
         const double seconds = secondsSince(start);
         memory = PeakMemory::bytes() - before;
-        load += seconds;
+        load = std::min(load, seconds);
         state.SetIterationTime(seconds);
     }
     state.counters["MB"] = file.size() / 1e6;
     state.counters["x_parse"] = load / parse;
     state.counters["memory_x_file"] = memory / file.size();
 }
-BENCHMARK(loadProjectOf)->Arg(1000)->Arg(10000)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(loadProjectOf)
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Iterations(5)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
 
 void saveProjectOf(benchmark::State& state) {
     const int photos = static_cast<int>(state.range(0));
@@ -174,27 +181,32 @@ void saveProjectOf(benchmark::State& state) {
     pugi::xml_document plain;
     plain.load_file(QFile::encodeName(file.path()).constData());
     const QByteArray copy = QFile::encodeName(file.copyPath());
-    double write = 0;
-    double save = 0;
+    double write = kNever;
+    double save = kNever;
     double memory = 0;
     for (auto _ : state) {
-        auto start = Clock::now();
+        auto start = std::clock();
         plain.save_file(copy.constData(), "    ");
-        write += secondsSince(start);
+        write = std::min(write, secondsSince(start));
         PeakMemory::restart();
         const double before = PeakMemory::bytes();
-        start = Clock::now();
+        start = std::clock();
         document.object().SaveToXMLFile(file.path());
         const double seconds = secondsSince(start);
         memory = PeakMemory::bytes() - before;
-        save += seconds;
+        save = std::min(save, seconds);
         state.SetIterationTime(seconds);
     }
     state.counters["MB"] = file.size() / 1e6;
     state.counters["x_write"] = save / write;
     state.counters["memory_x_file"] = memory / file.size();
 }
-BENCHMARK(saveProjectOf)->Arg(1000)->Arg(10000)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(saveProjectOf)
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Iterations(5)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace vellora

@@ -1,5 +1,6 @@
 #!/bin/sh
-# Builds Vellora, paints sample photos and renders them with filters, crops, flips and clips.
+# Builds Vellora, paints sample photos and renders them with filters, crops, flips, clips and texts,
+# one by one and as a slideshow.
 # Photos given as arguments are rendered as well. The results are in out/demo.
 set -eu
 top="$(cd "$(dirname "$0")/.." && pwd)"
@@ -39,15 +40,20 @@ render woman-close portrait --crop 75,25,205,205 --filter 'Brightness Contrast=5
 render woman-grey portrait --filter 'Gauss Smooth=2' --filter Sharpen=80 --filter Grey
 render city-focused night --filter 'Depth Dim' --roi 0.4,0.3,0.25,0.3 --filter Snow=60,150,600
 render city-upright night --rotate 270 --size 800x600 --fit inside --background 203040
+
+# A slideshow: titles from its .vshow, edits, an album text with a macro and styled texts from its XML
+cp "$clips/holiday.vshow" "$clips/holiday.xml" "$photos"
+vellora render --out "$results/show" --size 1200x900 --fit inside "$photos/holiday.vshow"
+
 if [ "$#" -gt 0 ]; then
     vellora render --out "$results" --filter 'Brightness Contrast=10,10' \
         --clip "$clips/star.svg@490,35,75,75" "$@"
 fi
 
 printf '\nThe pictures are in %s:\n' "$results"
-ls "$results"
+ls "$results" "$results/show"
 
 desktop="$top/build/release/apps/desktop/vellora-desktop"
 if [ -x "$desktop" ] && [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
-    "$desktop" "$photos"/*.jpg
+    "$desktop" "$photos/holiday.vshow"
 fi

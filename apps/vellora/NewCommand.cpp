@@ -11,7 +11,9 @@
 #include "Commands.h"
 #include "Console.h"
 #include "UprightPhoto.h"
+#include "common/Document.h"
 #include "common/ShowFile.h"
+#include "common/ShowStore.h"
 
 namespace vellora::cli {
 namespace {
@@ -32,14 +34,17 @@ int runNew(const NewRequest& request) {
                              .arg(printable(file)));
     }
     hostkit::Show show;
-    show.projectPath = hostkit::defaultProjectPath(file);
+    hostkit::Document document;
     for (const std::string& name : request.photos) {
-        if (const auto photo = uprightPhoto(QFile::decodeName(name.c_str()))) {
+        _PHOTO_LIST_NODE record{};
+        const auto photo = uprightPhoto(QFile::decodeName(name.c_str()));
+        if (photo && hostkit::toRecord(*photo, record)) {
             show.photos.push_back(*photo);
+            document.addPhoto(record);
         }
     }
     QString reason;
-    if (!hostkit::writeShow(file, show, &reason)) {
+    if (!hostkit::saveShow(file, show, document.show(), &reason)) {
         printError(QStringLiteral("%1: %2").arg(printable(file), reason));
         return kSomeFailed;
     }

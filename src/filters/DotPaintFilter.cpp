@@ -167,8 +167,7 @@ bool CDotPaintFilter::Apply(IplImage** image) {
     if (picture.empty()) {
         return false;
     }
-    paintDots(picture);
-    return true;
+    return runsInMemory([&] { paintDots(picture); });
 }
 
 const char16_t* CDotPaintFilter::GetName() const {

@@ -7,10 +7,9 @@
 
 #include <opencv2/imgproc.hpp>
 
-#include "base/ImageView.h"
 #include "base/Random.h"
-#include "filters/ImagePreflight.h"
 #include "filters/Noise.h"
+#include "filters/PaintFromCopy.h"
 #include "filters/StageScale.h"
 
 namespace vellora {
@@ -185,16 +184,9 @@ void coverWithMist(const cv::Mat& source, cv::Mat& target, int density) {
 CMistFilter::CMistFilter() : FactorFilter(kParams, FilterCategory::ArtEffect, {70}) {}
 
 bool CMistFilter::Apply(IplImage** image) {
-    cv::Mat target = bgrView(image);
-    if (target.empty()) {
-        return false;
-    }
-    const ImagePtr copy = copyImage(target);
-    if (copy == nullptr) {
-        return false;
-    }
-    coverWithMist(cv::cvarrToMat(copy.get()), target, static_cast<int>(factor(0) * 0.25));
-    return true;
+    return paintFromCopy(image, [this](const cv::Mat& source, cv::Mat& target) {
+        coverWithMist(source, target, static_cast<int>(factor(0) * 0.25));
+    });
 }
 
 const char16_t* CMistFilter::GetName() const {

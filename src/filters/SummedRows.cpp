@@ -1,8 +1,21 @@
 #include "filters/SummedRows.h"
 
+#include <cstring>
+
 #include <opencv2/core/hal/intrin.hpp>
 
 namespace vellora {
+namespace {
+
+/// A pixel and the first byte of the next one, at any address.
+cv::v_uint32x4 fourBytes(const uchar* bgr) {
+    std::uint32_t bytes;
+    std::memcpy(&bytes, bgr, sizeof(bytes));
+    const cv::v_uint16x8 words = cv::v_expand_low(cv::v_reinterpret_as_u8(cv::v_setall_u32(bytes)));
+    return cv::v_expand_low(words);
+}
+
+}  // namespace
 
 SummedRows::SummedRows(cv::Size picture, int firstRow, int kept)
     : m_width(picture.width),
@@ -21,7 +34,7 @@ void SummedRows::add(const uchar* bgr) {
     // The fourth lane reaches into the next pixel, which is written after it, or past the end.
     cv::v_uint32x4 rowSum = cv::v_setzero_u32();
     for (int x = 0; x < m_width - 1; ++x, bgr += 3, sums += kChannels, above += kChannels) {
-        rowSum += cv::v_load_expand_q(bgr);
+        rowSum += fourBytes(bgr);
         cv::v_store(sums, rowSum + cv::v_load(above));
     }
     rowSum += cv::v_uint32x4(bgr[0], bgr[1], bgr[2], 0);

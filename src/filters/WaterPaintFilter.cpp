@@ -1,10 +1,6 @@
 #include "filters/WaterPaintFilter.h"
 
-#include <algorithm>
-
-#include "base/ImageView.h"
-#include "filters/Dabs.h"
-#include "filters/ImagePreflight.h"
+#include "filters/PaintFromCopy.h"
 #include "filters/Watercolour.h"
 
 namespace vellora {
@@ -22,16 +18,9 @@ constexpr FilterParamDescs kParams{{
 CWaterPaintFilter::CWaterPaintFilter() : FactorFilter(kParams, FilterCategory::ArtEffect, {65}) {}
 
 bool CWaterPaintFilter::Apply(IplImage** image) {
-    cv::Mat target = bgrView(image);
-    if (target.empty()) {
-        return false;
-    }
-    const ImagePtr copy = copyImage(target);
-    if (copy == nullptr) {
-        return false;
-    }
-    paintWatercolour(cv::cvarrToMat(copy.get()), target, static_cast<float>(factor(0)) / 100.0F);
-    return true;
+    return paintFromCopy(image, [this](const cv::Mat& source, cv::Mat& target) {
+        paintWatercolour(source, target, static_cast<float>(factor(0)) / 100.0F);
+    });
 }
 
 const char16_t* CWaterPaintFilter::GetName() const {

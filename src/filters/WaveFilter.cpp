@@ -6,8 +6,7 @@
 #include <numbers>
 #include <vector>
 
-#include "base/ImageView.h"
-#include "filters/ImagePreflight.h"
+#include "filters/PaintFromCopy.h"
 #include "filters/StageScale.h"
 
 namespace vellora {
@@ -57,12 +56,12 @@ Water makeWater(cv::Size size, float length, float height, float refraction, flo
         float share;
     };
     const std::array<Kind, kWaves> kinds{{
-        {0.16, 0.99, 1.00, 1.0F - cross - chop},
-        {-0.22, 0.97, 0.71, 0.7F * (1.0F - cross - chop)},
-        {0.83, 0.56, 1.31, cross},
-        {-0.75, 0.66, 0.87, cross},
-        {0.42, 0.91, 0.37, 0.6F * chop},
-        {-0.55, 0.84, 0.29, 0.4F * chop},
+        {0.10, 0.995, 1.00, 1.0F - cross - chop},
+        {-0.31, 0.95, 0.62, 0.7F * (1.0F - cross - chop)},
+        {0.79, 0.61, 1.37, cross},
+        {0.47, 0.88, 0.83, cross},
+        {-0.42, 0.91, 0.37, 0.6F * chop},
+        {0.24, 0.97, 0.27, 0.4F * chop},
     }};
     const double edge = kStageHeight * stageScale(size);
     Water water{};
@@ -80,7 +79,7 @@ Water makeWater(cv::Size size, float length, float height, float refraction, flo
     const float steepness = 2.0F * std::numbers::pi_v<float> * height / length;
     const float bent = std::min(0.008F * steepness, 0.12F * length) * refraction;
     water.displacement = std::min(kFarthest, bent * static_cast<float>(edge));
-    water.shade = 0.30F * shine * std::min(1.0F, 0.35F * steepness);
+    water.shade = 0.25F * shine * std::min(1.0F, 0.35F * steepness);
     return water;
 }
 
@@ -230,22 +229,17 @@ void ripple(const cv::Mat& source, cv::Mat& target, const Water& water) {
 CWaveFilter::CWaveFilter() : FactorFilter(kParams, FilterCategory::ArtEffect, {730, 65, 70}) {}
 
 bool CWaveFilter::Apply(IplImage** image) {
-    cv::Mat target = bgrView(image);
-    if (target.empty()) {
-        return false;
-    }
-    const ImagePtr copy = copyImage(target);
-    if (copy == nullptr) {
-        return false;
-    }
     // Factors come from files too; beyond these bounds nothing more would be seen.
     const auto bounded = [this](std::size_t k, int low, int high) {
         return static_cast<float>(std::clamp(factor(k), low, high));
     };
-    const Water water =
-        makeWater(target.size(), bounded(0, 10, 100'000) / 5000.0F, bounded(1, 0, 1000) / 1000.0F,
-                  bounded(2, 0, 400) / 100.0F, kCrossSwell, kChop, kShine);
-    ripple(cv::cvarrToMat(copy.get()), target, water);
+    const float length = bounded(0, 10, 100'000) / 5000.0F;
+    const float height = bounded(1, 0, 1000) / 1000.0F;
+    const float refraction = bounded(2, 0, 400) / 100.0F;
+    paintFromCopy(image, [&](const cv::Mat& source, cv::Mat& target) {
+        ripple(source, target,
+               makeWater(source.size(), length, height, refraction, kCrossSwell, kChop, kShine));
+    });
     return false;
 }
 

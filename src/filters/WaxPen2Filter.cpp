@@ -7,10 +7,9 @@
 
 #include <opencv2/imgproc.hpp>
 
-#include "base/ImageView.h"
 #include "filters/Dabs.h"
-#include "filters/ImagePreflight.h"
 #include "filters/Noise.h"
+#include "filters/PaintFromCopy.h"
 #include "filters/PastelStroke.h"
 #include "filters/StageScale.h"
 
@@ -249,19 +248,13 @@ void rubPastels(const cv::Mat& source, cv::Mat& target, int size, float hardness
 CWaxPenFilter2::CWaxPenFilter2() : FactorFilter(kParams, FilterCategory::ArtEffect, {25, 30, 15}) {}
 
 bool CWaxPenFilter2::Apply(IplImage** image) {
-    cv::Mat target = bgrView(image);
-    if (target.empty()) {
-        return false;
-    }
-    const ImagePtr copy = copyImage(target);
-    if (copy == nullptr) {
-        return false;
-    }
     // Factors come from files too; beyond these bounds nothing more would be seen.
     const int size = std::clamp(factor(0) / 5, 0, kLargestStroke);
     const float hardness = static_cast<float>(std::clamp(factor(1), 0, 200)) / 100.0F;
-    rubPastels(cv::cvarrToMat(copy.get()), target, size, hardness, std::clamp(factor(2), 0, 80));
-    return true;
+    const int grain = std::clamp(factor(2), 0, 80);
+    return paintFromCopy(image, [&](const cv::Mat& source, cv::Mat& target) {
+        rubPastels(source, target, size, hardness, grain);
+    });
 }
 
 const char16_t* CWaxPenFilter2::GetName() const {

@@ -1,5 +1,6 @@
 #include "text/EffectLayers.h"
 
+#include "text/PathTools.h"
 #include "text/TextBrush.h"
 
 namespace vellora {
@@ -24,12 +25,13 @@ void takeBrush(CTextBrush& painter, const TextBrushSettings& settings) {
 void drawEffectLayers(TextCanvas& canvas, const QString& textureFolder, const QPainterPath& outline,
                       const QRectF& bounds, const TextEffectRecord& effect) {
     const bool border = effect.border != 0;
+    const QPainterPath lines = flattened(outline, canvas.scale());
     CTextBrush decoration;
     CTextBrush face;
     CTextBrush shadow;
-    decoration.Prepare(textureFolder, outline, bounds, 0, 0);
-    face.Prepare(textureFolder, outline, bounds, 0, 0);
-    shadow.Prepare(textureFolder, outline, bounds, effect.shadow_offset, effect.shadow_angle);
+    decoration.Prepare(textureFolder, lines, bounds, 0, 0);
+    face.Prepare(textureFolder, lines, bounds, 0, 0);
+    shadow.Prepare(textureFolder, lines, bounds, effect.shadow_offset, effect.shadow_angle);
     if (effect.shadow != 0) {
         takeBrush(shadow, effect.shadow_brush);
         if (effect.shadow_order == 0) {

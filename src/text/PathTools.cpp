@@ -12,13 +12,15 @@ namespace {
 /// How much finer than a device pixel curves are followed, and how short a step may be.
 constexpr double kFineness = 4.0;
 constexpr double kShortestStep = 0.5;
+/// Beyond these pixels per unit a glyph is larger than any canvas, and its lines are long enough.
+constexpr double kMostDetail = 500.0;
 /// How far, in device pixels, an arc's lines may stray from it.
 constexpr double kArcError = 0.1;
 constexpr double kSmallestArcStep = 0.02;
 
 /// The contours as polygons that need no closing line.
 std::vector<QPolygonF> polygonsOf(const QPainterPath& path, double scale) {
-    const double fine = scale * kFineness;
+    const double fine = std::min(scale, kMostDetail) * kFineness;
     std::vector<QPolygonF> polygons;
     for (const QPolygonF& contour : path.toSubpathPolygons(QTransform::fromScale(fine, fine))) {
         QPolygonF polygon;
@@ -153,6 +155,16 @@ void addSweptPolygon(QPainterPath& result, const QPolygonF& polygon, QPointF way
 
 QPainterPath turnedClockwise(const QPainterPath& path) {
     return signedArea(polygonsOf(path, 1.0)) < 0.0 ? path.toReversed() : path;
+}
+
+QPainterPath flattened(const QPainterPath& path, double scale) {
+    QPainterPath result;
+    result.setFillRule(Qt::WindingFill);
+    for (const QPolygonF& polygon : polygonsOf(path, scale)) {
+        result.addPolygon(polygon);
+        result.closeSubpath();
+    }
+    return result;
 }
 
 QPainterPath widened(const QPainterPath& path, double width, double scale) {

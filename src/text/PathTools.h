@@ -8,6 +8,9 @@ namespace vellora {
 /// opposite ways would cut holes into each other.
 QPainterPath turnedClockwise(const QPainterPath& path);
 
+/// The path with its curves turned into lines, fine enough for so many device pixels per unit.
+QPainterPath flattened(const QPainterPath& path, double scale);
+
 /// The area that a pen of that width covers along closed contours, with round joins, to be filled
 /// by the winding rule.
 ///

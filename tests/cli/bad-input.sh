@@ -5,7 +5,7 @@ convert -size 200x200 plasma:red-blue -quality 95 good.jpg
 mkdir folder
 : >empty.jpg
 echo "not a picture" >text.jpg
-head -c 10 good.jpg >stub.jpg
+head -c 10 good.jpg >tiny.jpg
 head -c 60 /dev/urandom >noise.png
 # The header of a picture of 30,000 x 30,000 pixels and hardly anything behind it.
 printf '\211PNG\r\n\032\n\000\000\000\rIHDR\000\000\165\060\000\000\165\060\010\002\000\000\000\123\271\341\212' >huge.png
@@ -25,7 +25,7 @@ bad missing.jpg "no such file"
 bad folder "is a folder"
 bad empty.jpg "is empty"
 bad text.jpg "is not a picture"
-bad stub.jpg "is not a picture"
+bad tiny.jpg "is not a picture"
 bad noise.png "is not a picture"
 bad /dev/null "is not a regular file"
 identify huge.png >/dev/null 2>&1 || true

@@ -2,6 +2,7 @@
 # A test runs in a folder of its own, which disappears with it.
 
 set -u
+tests="$(cd "$(dirname "$0")" && pwd)"
 vellora="$1"
 failures=0
 work="$(mktemp -d)"

@@ -282,7 +282,7 @@ TEST_F(DVDImageTextTest, DrawsHostileSizesInBoundedTime) {
     style = styleOfSize(1);
     text.SetStyle(style);
     drawn(text, 1200);
-    EXPECT_LT(timer.elapsed(), 30'000);
+    EXPECT_LT(timer.elapsed(), 60'000) << "seconds on an idle machine, hours without bounds";
 }
 
 struct TextInPhotoTest : testing::Test {

@@ -16,8 +16,8 @@
 namespace vellora::screenshots {
 namespace {
 
-/// Photos are a little soft: grain would make the pictures of the dialog three times as large.
-constexpr QSize kSoftSize{450, 300};
+/// Photos are a little soft: grain would make the pictures of the dialog far larger.
+constexpr QSize kSoftSize{440, 293};
 
 void setText(char16_t* field, const QString& text) {
     std::memcpy(field, text.utf16(), static_cast<std::size_t>(text.size()) * sizeof(char16_t));

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QFileInfo>
 #include <QListWidget>
 #include <QMouseEvent>
 #include <QPixmap>
@@ -10,6 +11,8 @@
 #include <cstdio>
 
 #include <vellora/host/Language.h>
+
+#include "screenshots/Palette.h"
 
 namespace vellora::screenshots {
 namespace {
@@ -25,6 +28,14 @@ void sendMouse(QWidget& widget, QEvent::Type type, QPoint at, Qt::MouseButtons b
     const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
     QMouseEvent event(type, at, widget.mapToGlobal(QPointF(at)), button, buttons, Qt::NoModifier);
     QApplication::sendEvent(&widget, &event);
+}
+
+/// Writes a picture, in few colours when it would be too large for the documentation otherwise.
+bool write(const QImage& picture, const QString& file) {
+    constexpr int kTightest = 0;
+    constexpr qint64 kLargest = 300'000;
+    return picture.convertToFormat(QImage::Format_RGB888).save(file, "PNG", kTightest) &&
+           (QFileInfo(file).size() < kLargest || withPalette(picture).save(file, "PNG", kTightest));
 }
 
 }  // namespace
@@ -128,9 +139,7 @@ void Session::DragSprite(QPoint from, QPoint to) {
 void Session::Grab(const char* name) {
     QWidget* dialog = QApplication::activeModalWidget();
     const QString file = QStringLiteral("%1-%2.png").arg(m_prefix, QString::fromLatin1(name));
-    // Packed as tightly as the format allows.
-    if (dialog == nullptr ||
-        !dialog->grab().toImage().convertToFormat(QImage::Format_RGB888).save(file, "PNG", 0)) {
+    if (dialog == nullptr || !write(dialog->grab().toImage(), file)) {
         std::fprintf(stderr, "cannot write %s\n", qPrintable(file));
         m_failed = true;
     }

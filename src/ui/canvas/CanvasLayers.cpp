@@ -90,7 +90,8 @@ void CanvasLayers::drawPhoto(QImage& surface) {
     const COpencvFilterInterface* filter = record->GetProcessor()->GetCurrentFilter();
     const std::u16string name = filter != nullptr ? filter->GetName() : u"";
     std::optional<WaitCursor> wait;
-    if (isExpectedToTakeLong(filter)) {
+    const bool makesDetail = m_ratio > 1.0 && !m_isDetailKnown;
+    if (makesDetail || isExpectedToTakeLong(filter)) {
         wait.emplace();
     }
     QElapsedTimer timer;

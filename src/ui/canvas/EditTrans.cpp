@@ -102,7 +102,7 @@ void CEditTrans::paintEvent(QPaintEvent* event) {
 
 void CEditTrans::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape || isReturn(*event)) {
-        m_pressedKey = event->key();
+        m_key.press(event->key());
         event->accept();
         return;
     }
@@ -110,12 +110,10 @@ void CEditTrans::keyPressEvent(QKeyEvent* event) {
 }
 
 void CEditTrans::keyReleaseEvent(QKeyEvent* event) {
-    // A release without its press belongs to whatever closed on that press.
-    if (event->isAutoRepeat() || m_pressedKey == 0 || event->key() != m_pressedKey) {
+    if (!m_key.release(*event)) {
         QPlainTextEdit::keyReleaseEvent(event);
         return;
     }
-    m_pressedKey = 0;
     event->accept();
     if (event->key() == Qt::Key_Escape) {
         clear();

@@ -2,6 +2,8 @@
 
 #include <QPlainTextEdit>
 
+#include "ui/behaviour/KeyOnRelease.h"
+
 namespace vellora {
 
 struct TextStyle;
@@ -33,7 +35,7 @@ private:
     void FitToText();
 
     QColor m_outline;
-    int m_pressedKey = 0;
+    KeyOnRelease m_key;
 };
 
 }  // namespace vellora

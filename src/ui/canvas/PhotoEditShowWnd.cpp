@@ -42,6 +42,7 @@ CPhotoEditShowWnd::CPhotoEditShowWnd(EditSession& session, QWidget* parent)
       m_layers(std::make_unique<CanvasLayers>(session)),
       m_typing(new InPlaceText(*this)),
       m_marker(new FilterMarker(this)),
+      m_mouse(session),
       m_clipPlaces(kFirstClip, kFirstClip) {
     setFixedSize(kStageWidth, kStageHeight);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -74,8 +75,8 @@ void CPhotoEditShowWnd::SetSlide(int index, int count) {
 }
 
 void CPhotoEditShowWnd::SetCropMode(int mode) {
-    if (m_crop.setMode(mode, m_session.placedPhoto())) {
-        m_drag.end();
+    if (m_mouse.crop().setMode(mode, m_session.placedPhoto())) {
+        m_mouse.drop();
         unsetCursor();
         update();
     }
@@ -103,6 +104,8 @@ void CPhotoEditShowWnd::AddText() {
     if (m_session.isOpen()) {
         Select(addText(m_session, LanguageString(kDoubleClickToEdit), m_textPlaces.next(),
                        m_textProperties));
+        // So that the keys that move, type over and delete it reach it.
+        setFocus(Qt::OtherFocusReason);
     }
 }
 
@@ -121,6 +124,7 @@ bool CPhotoEditShowWnd::AddClip(const QString& file, const QPoint* centre, QStri
     clip->SetPosition(place.position.x(), place.position.y());
     clip->SetSize(place.size.width(), place.size.height());
     Select(m_session.addSprite(std::move(clip)));
+    setFocus(Qt::OtherFocusReason);
     return true;
 }
 
@@ -180,22 +184,13 @@ void CPhotoEditShowWnd::Command(int id) {
         case kSpriteDelete:
             DeleteSelected();
             break;
-        case kSpriteForward:
-            m_session.reorderSprite(selected, SpriteOrder::Forward);
-            break;
-        case kSpriteBackward:
-            m_session.reorderSprite(selected, SpriteOrder::Backward);
-            break;
-        case kSpriteToFront:
-            m_session.reorderSprite(selected, SpriteOrder::Front);
-            break;
-        case kSpriteToBack:
-            m_session.reorderSprite(selected, SpriteOrder::Back);
-            break;
         case kSpriteToAll:
             m_session.applyToAll(selected);
             break;
         default:
+            if (const auto order = spriteOrderOf(id)) {
+                m_session.reorderSprite(selected, *order);
+            }
             break;
     }
 }
@@ -207,7 +202,7 @@ bool CPhotoEditShowWnd::IsCommandEnabled(int id) const {
 void CPhotoEditShowWnd::DeleteSelected() {
     CDVDImageSprite* selected = GetSelected();
     m_selected = nullptr;
-    m_drag.end();
+    m_mouse.drop();
     if (selected != nullptr) {
         m_clipboard.forget(selected);
         m_session.deleteSprite(selected);
@@ -236,9 +231,9 @@ void CPhotoEditShowWnd::Announce(CDVDImageSprite& sprite) {
 }
 
 void CPhotoEditShowWnd::DropCropFrame() {
-    if (!m_crop.isEmpty()) {
-        m_crop.drop();
-        m_drag.end();
+    if (!m_mouse.crop().isEmpty()) {
+        m_mouse.crop().drop();
+        m_mouse.drop();
         unsetCursor();
         update();
         Q_EMIT CropFrameDropped();
@@ -256,7 +251,7 @@ void CPhotoEditShowWnd::RedrawSprites() {
 }
 
 void CPhotoEditShowWnd::PictureCommitted() {
-    m_crop.clear();
+    m_mouse.crop().clear();
     unsetCursor();
     m_layers->invalidatePhoto();
     update();
@@ -269,9 +264,8 @@ void CPhotoEditShowWnd::OnPhotoAboutToChange() {
 
 void CPhotoEditShowWnd::OnPhotoChanged() {
     m_selected = nullptr;
-    m_drag.end();
-    m_buttonDown = false;
-    m_crop.clear();
+    m_mouse.release();
+    m_mouse.crop().clear();
     m_marker->hide();
     unsetCursor();
     expandTexts(m_session, m_slideIndex, m_slideCount);
@@ -285,7 +279,7 @@ void CPhotoEditShowWnd::OnEdited(PhotoEdit kind) {
         update();
         return;
     }
-    if (!m_drag.isActive()) {
+    if (!m_mouse.isDraggingSprite()) {
         expandTexts(m_session, m_slideIndex, m_slideCount);
     }
     RedrawSprites();
@@ -298,7 +292,7 @@ void CPhotoEditShowWnd::paintEvent(QPaintEvent* /*event*/) {
     if (selected != nullptr && selected != m_typing->target()) {
         drawSelection(painter, *selected);
     }
-    drawCropFrame(painter, m_crop);
+    drawCropFrame(painter, m_mouse.crop());
     if (m_showsFocus) {
         drawFocusFrame(painter);
     }

@@ -6,10 +6,10 @@
 #include <vellora/base/Rect.h>
 #include <vellora/text/TextStyle.h>
 
+#include "ui/behaviour/CanvasMouse.h"
 #include "ui/behaviour/Cascade.h"
-#include "ui/behaviour/CropFrame.h"
+#include "ui/behaviour/KeyOnRelease.h"
 #include "ui/behaviour/SpriteClipboard.h"
-#include "ui/behaviour/SpriteDrag.h"
 
 namespace vellora {
 
@@ -40,9 +40,9 @@ public:
     /// Mode 0 manual, 1 for 4:3, 2 for 16:9, 3 for none. Acts only when the mode differs from the
     /// present one and the photo has a picture.
     void SetCropMode(int mode);
-    [[nodiscard]] int GetCropMode() const { return m_crop.mode(); }
+    [[nodiscard]] int GetCropMode() const { return m_mouse.crop().mode(); }
     /// The crop frame; empty when there is none.
-    [[nodiscard]] Rect GetCropFrame() const { return m_crop.rect(); }
+    [[nodiscard]] Rect GetCropFrame() const { return m_mouse.crop().rect(); }
     /// Shows or hides the marker with which the region of a region filter is placed.
     void ShowFilterMarker(bool show);
 
@@ -112,8 +112,6 @@ private:
 
     SpriteHit SelectAt(QPoint point);
     void Announce(CDVDImageSprite& sprite);
-    void DragSprite(QPoint point);
-    void UpdateCursor(QPoint point);
     void OpenEditor(CDVDImageText& text);
     void DeleteSelected();
     void Nudge(QPoint step);
@@ -131,14 +129,12 @@ private:
     TextStyle m_textProperties;
     CDVDImageSprite* m_selected = nullptr;  ///< Only compared until the session holds it.
     SpriteClipboard m_clipboard;
-    SpriteDrag m_drag;
-    CropFrame m_crop;
+    CanvasMouse m_mouse;
     Cascade m_textPlaces;
     Cascade m_clipPlaces;
     int m_slideIndex = 0;
     int m_slideCount = 0;
-    int m_pressedKey = 0;
-    bool m_buttonDown = false;
+    KeyOnRelease m_key;
     bool m_pressedBesideEditor = false;
     bool m_showsFocus = false;  ///< It was reached by the keyboard.
 };

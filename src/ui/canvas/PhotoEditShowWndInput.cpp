@@ -25,43 +25,6 @@
 namespace vellora {
 namespace {
 
-Qt::CursorShape cursorShape(SpriteCursor cursor) {
-    switch (cursor) {
-        case SpriteCursor::SizeNS:
-            return Qt::SizeVerCursor;
-        case SpriteCursor::SizeNESW:
-            return Qt::SizeBDiagCursor;
-        case SpriteCursor::SizeWE:
-            return Qt::SizeHorCursor;
-        case SpriteCursor::Move:
-            return Qt::SizeAllCursor;
-        case SpriteCursor::SizeNWSE:
-            break;
-    }
-    return Qt::SizeFDiagCursor;
-}
-
-Qt::CursorShape cropCursorShape(int handle) {
-    switch (handle) {
-        case 1:
-        case 5:
-            return Qt::SizeFDiagCursor;
-        case 2:
-        case 6:
-            return Qt::SizeVerCursor;
-        case 3:
-        case 7:
-            return Qt::SizeBDiagCursor;
-        case 4:
-        case 8:
-            return Qt::SizeHorCursor;
-        case CropFrame::kInside:
-            return Qt::SizeAllCursor;
-        default:
-            return Qt::ArrowCursor;
-    }
-}
-
 /// The step of an arrow key, 10 units with Shift; null for any other key.
 QPoint nudgeOf(const QKeyEvent& event) {
     const int step = event.modifiers().testFlag(Qt::ShiftModifier) ? 10 : 1;
@@ -131,12 +94,11 @@ void CPhotoEditShowWnd::mousePressEvent(QMouseEvent* event) {
         return;
     }
     const QPoint point = event->position().toPoint();
-    m_buttonDown = true;
     m_pressedBesideEditor = IsEditorOpen();
     setFocus(Qt::MouseFocusReason);
-    if (!m_crop.isEmpty()) {
-        m_crop.press(point);
-        setCursor(cropCursorShape(m_crop.handle()));
+    m_mouse.press(point);
+    if (const auto shape = m_mouse.cursorAt(point)) {
+        setCursor(*shape);
     }
     if (IsEditorOpen()) {
         return;
@@ -146,51 +108,22 @@ void CPhotoEditShowWnd::mousePressEvent(QMouseEvent* event) {
         return;
     }
     if (const SpriteHit hit = SelectAt(point); hit.sprite != nullptr) {
-        m_drag.begin(hit, point);
+        m_mouse.grab(hit, point);
     }
     update();
 }
 
 void CPhotoEditShowWnd::mouseMoveEvent(QMouseEvent* event) {
     const QPoint point = event->position().toPoint();
-    if (!event->buttons().testFlag(Qt::LeftButton) && m_buttonDown) {
+    if (!event->buttons().testFlag(Qt::LeftButton) && m_mouse.isDown()) {
         EndDrag();  // the release went elsewhere
     }
-    if (!m_crop.isEmpty()) {
-        if (!m_buttonDown) {
-            const int before = m_crop.handle();
-            m_crop.hover(point);
-            setCursor(cropCursorShape(m_crop.handle()));
-            if (m_crop.handle() != before) {
-                update();
-            }
-        } else if (m_crop.drag(point)) {
-            update();
-        }
-        return;
+    if (m_mouse.move(point)) {
+        update();
     }
-    if (m_drag.isActive()) {
-        DragSprite(point);
-    } else {
-        UpdateCursor(point);
+    if (const auto shape = m_mouse.cursorAt(point)) {
+        setCursor(*shape);
     }
-}
-
-void CPhotoEditShowWnd::DragSprite(QPoint point) {
-    if (!m_session.holds(m_drag.sprite())) {
-        m_drag.end();
-    } else if (m_drag.isResizing()) {
-        const SpritePlace place = m_drag.resizedTo(point);
-        m_session.placeSprite(m_drag.sprite(), place.position, place.size);
-    } else {
-        m_session.moveSprite(m_drag.sprite(), m_drag.movedTo(point));
-    }
-}
-
-void CPhotoEditShowWnd::UpdateCursor(QPoint point) {
-    const SpriteHit hit = spriteAt(m_session, point);
-    setCursor(hit.sprite != nullptr ? cursorShape(hit.sprite->GetHandleCursor(hit.code))
-                                    : Qt::ArrowCursor);
 }
 
 void CPhotoEditShowWnd::mouseReleaseEvent(QMouseEvent* event) {
@@ -205,10 +138,8 @@ void CPhotoEditShowWnd::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void CPhotoEditShowWnd::EndDrag() {
-    m_buttonDown = false;
     m_pressedBesideEditor = false;
-    m_crop.release();
-    m_drag.end();
+    m_mouse.release();
     RedrawSprites();
 }
 
@@ -222,7 +153,7 @@ void CPhotoEditShowWnd::mouseDoubleClickEvent(QMouseEvent* event) {
         m_textProperties = text->GetStyle();
         Q_EMIT TextSelected();
         OpenEditor(*text);
-    } else if (m_crop.isEmpty() && spriteAt(m_session, point).sprite == nullptr) {
+    } else if (m_mouse.crop().isEmpty() && spriteAt(m_session, point).sprite == nullptr) {
         m_selected = nullptr;
         m_typing->open(point, m_textProperties);
         update();
@@ -254,7 +185,7 @@ bool CPhotoEditShowWnd::HandleKeyPress(const QKeyEvent& event) {
     } else if (const QPoint step = nudgeOf(event); !step.isNull()) {
         Nudge(step);
     } else if (actsOnRelease(event.key())) {
-        m_pressedKey = event.key();
+        m_key.press(event.key());
     } else {
         return false;
     }
@@ -277,9 +208,7 @@ void CPhotoEditShowWnd::keyPressEvent(QKeyEvent* event) {
 }
 
 void CPhotoEditShowWnd::keyReleaseEvent(QKeyEvent* event) {
-    // A release without its press belongs to whatever closed on that press.
-    if (!event->isAutoRepeat() && m_pressedKey != 0 && event->key() == m_pressedKey) {
-        m_pressedKey = 0;
+    if (m_key.release(*event)) {
         event->accept();
         HandleKeyRelease(event->key());
     } else {

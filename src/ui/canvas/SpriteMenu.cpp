@@ -29,6 +29,21 @@ constexpr std::array<Row, 8> kRows{{
 
 }  // namespace
 
+std::optional<SpriteOrder> spriteOrderOf(int id) {
+    switch (id) {
+        case kSpriteForward:
+            return SpriteOrder::Forward;
+        case kSpriteBackward:
+            return SpriteOrder::Backward;
+        case kSpriteToFront:
+            return SpriteOrder::Front;
+        case kSpriteToBack:
+            return SpriteOrder::Back;
+        default:
+            return std::nullopt;
+    }
+}
+
 bool isSpriteCommandEnabled(const EditSession& session, const CDVDImageSprite* selected, int id) {
     if (id == kSpritePaste) {
         return true;

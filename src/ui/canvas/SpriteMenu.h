@@ -2,11 +2,13 @@
 
 #include <QMenu>
 #include <functional>
+#include <optional>
 
 namespace vellora {
 
 class CDVDImageSprite;
 class EditSession;
+enum class SpriteOrder;
 
 /// Command ids of the sprite menu.
 enum SpriteCommand : int {
@@ -19,6 +21,9 @@ enum SpriteCommand : int {
     kSpriteToBack = 32843,
     kSpriteToAll = 33927,
 };
+
+/// Where a command moves a sprite in its list; none for any other command.
+std::optional<SpriteOrder> spriteOrderOf(int id);
 
 /// Whether the menu offers a command for the selected sprite, null for none.
 bool isSpriteCommandEnabled(const EditSession& session, const CDVDImageSprite* selected, int id);

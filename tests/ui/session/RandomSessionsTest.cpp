@@ -172,10 +172,10 @@ private:
     QPointer<QWidget> m_grabber;
 };
 
-class MonkeyTest : public testing::Test {
+class RandomSessionsTest : public testing::Test {
 protected:
-    MonkeyTest() : m_prompts(userPrompts()) {}
-    ~MonkeyTest() override { userPrompts() = m_prompts; }
+    RandomSessionsTest() : m_prompts(userPrompts()) {}
+    ~RandomSessionsTest() override { userPrompts() = m_prompts; }
 
     /// Files and colours are chosen at random instead of in boxes of the system.
     void answerPrompts(Monkey& monkey, const QStringList& files) {
@@ -195,7 +195,7 @@ protected:
     UserPrompts m_prompts;
 };
 
-TEST_F(MonkeyTest, LeavesAProjectThatLoadsAsItWasSaved) {
+TEST_F(RandomSessionsTest, LeavesAProjectThatLoadsAsItWasSaved) {
     QTemporaryDir folder;
     QImage clip(60, 40, QImage::Format_ARGB32);
     clip.fill(QColor(255, 0, 0, 128));

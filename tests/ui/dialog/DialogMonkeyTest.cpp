@@ -25,9 +25,9 @@ int eventCount() {
     return asked > 0 ? asked : kFewEvents;
 }
 
-class MonkeyTest : public test::DialogFixture {
+class DialogMonkeyTest : public test::DialogFixture {
 protected:
-    MonkeyTest() : test::DialogFixture(kPhotos) {
+    DialogMonkeyTest() : test::DialogFixture(kPhotos) {
         // Whatever opens over the dialog is dealt with from its own event loop.
         QObject::connect(&m_closer, &QTimer::timeout, [this] { leaveOtherWindows(); });
         m_closer.start(0);
@@ -114,7 +114,7 @@ private:
     QTimer m_closer;
 };
 
-TEST_F(MonkeyTest, NothingBreaksAndTheProjectSurvives) {
+TEST_F(DialogMonkeyTest, NothingBreaksAndTheProjectSurvives) {
     document.SetTextEffectBaseFolder(QStringLiteral(VELLORA_ASSETS_DIR));
     chosenFile = test::writePng(folder, QStringLiteral("clip.png"), test::gradient(60, 40));
     chosenColour = QColor(10, 200, 30);
