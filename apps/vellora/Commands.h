@@ -7,6 +7,7 @@
 namespace vellora::cli {
 
 // Each adds its command with its options to the program.
+Command addClipCommand(CLI::App& program);
 Command addEditCommand(CLI::App& program);
 Command addEffectsCommand(CLI::App& program);
 Command addFiltersCommand(CLI::App& program);

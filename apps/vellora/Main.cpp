@@ -78,7 +78,8 @@ int runProgram(int argc, char** argv) {
     program.require_subcommand(1);
     std::vector<Command> commands{addRenderCommand(program),  addFiltersCommand(program),
                                   addEditCommand(program),    addInfoCommand(program),
-                                  addEffectsCommand(program), addNewCommand(program)};
+                                  addEffectsCommand(program), addNewCommand(program),
+                                  addClipCommand(program)};
     std::ranges::move(addProjectCommands(program), std::back_inserter(commands));
     try {
         program.parse(argumentsOf(argc, argv));

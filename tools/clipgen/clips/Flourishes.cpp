@@ -14,7 +14,7 @@ void scroll(Drawing& d, const QPainterPath& along, QPointF curl, double radius, 
 
 Drawing divider() {
     Drawing d(QSizeF(400, 110));
-    const QColor ink(0x3D3A57);
+    const QColor ink(0xC39A3F);
     for (const bool right : {false, true}) {
         const auto side = [right](const QPainterPath& path) {
             return right ? mirrored(path, 200) : path;
@@ -27,13 +27,13 @@ Drawing divider() {
         d.fill(side(leaf({150, 34}, 34, 13, -70)), ink);
         d.fill(side(disc({10, 58}, 4)), ink);
     }
-    d.paint(star({200, 56}, 18, 9, 4), QColor(0xB98A3A), {ink, 2});
+    d.paint(star({200, 56}, 18, 9, 4), QColor(0xF0D58A), {QColor(0x8A6420), 2});
     return d;
 }
 
 Drawing cornerScroll() {
     Drawing d(QSizeF(300, 300));
-    const QColor ink(0x7A3B2E);
+    const QColor ink(0xB06A38);
     const auto flip = [](const QPainterPath& path) {
         return QTransform(0, 1, 1, 0, 0, 0).map(path);
     };

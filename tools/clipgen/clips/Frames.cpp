@@ -42,8 +42,8 @@ Drawing filmStrip() {
         strip.addPath(box({16.0 + i * 34.5, 255, 20, 22}, 4));
     }
     d.fill(strip, QColor(0x23232B));
-    d.outline(box({30, 58, 340, 184}, 8), {QColor(0x6C6C7C), 1.5});
-    d.outline(box({5, 13, 390, 274}, 5), {QColor(0x4A4A58), 1.5});
+    d.outline(box({30, 58, 340, 184}, 8), {QColor(0x9A9AAC), 2});
+    d.outline(box({5, 13, 390, 274}, 5), {QColor(0x9A9AAC), 2});
     return d;
 }
 

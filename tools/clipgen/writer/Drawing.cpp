@@ -7,6 +7,12 @@
 #include <numbers>
 
 namespace vellora::clipgen {
+namespace {
+
+/// Bands for each that a clip asks for: so many that pictures for print show a gradient.
+constexpr int kFiner = 2;
+
+}  // namespace
 
 QColor mixed(const std::vector<QColor>& colors, double at) {
     const double place = std::clamp(at, 0.0, 1.0) * static_cast<double>(colors.size() - 1);
@@ -22,7 +28,8 @@ QColor mixed(const std::vector<QColor>& colors, double at) {
 }
 
 void Drawing::bands(const QPainterPath& path, QPointF from, QPointF to,
-                    const std::vector<QColor>& colors, int count) {
+                    const std::vector<QColor>& colors, int coarse) {
+    const int count = coarse * kFiner;
     const QLineF axis(from, to);
     const double reach = 4 * std::max(m_size.width(), m_size.height());
     QTransform alongAxis;
@@ -39,7 +46,8 @@ void Drawing::bands(const QPainterPath& path, QPointF from, QPointF to,
 }
 
 void Drawing::rings(const QPainterPath& path, QPointF centre, const std::vector<QColor>& colors,
-                    int count) {
+                    int coarse) {
+    const int count = coarse * kFiner;
     for (int ring = 0; ring < count; ++ring) {
         const double part = 1 - static_cast<double>(ring) / count;
         QTransform smaller;

@@ -69,10 +69,10 @@ public:
     /// A gradient from one point to another in bands; metafiles know no gradients that every
     /// program draws. Each band covers all that follows, so that no seams show.
     void bands(const QPainterPath& path, QPointF from, QPointF to,
-               const std::vector<QColor>& colors, int count = 16);
+               const std::vector<QColor>& colors, int coarse = 16);
     /// The same outwards from a centre: rings of the path's own shape, drawn smaller and smaller.
     void rings(const QPainterPath& path, QPointF centre, const std::vector<QColor>& colors,
-               int count = 12);
+               int coarse = 12);
 
 private:
     void add(Item item) { m_items.push_back(std::move(item)); }
