@@ -104,7 +104,7 @@ Command addClipCommand(CLI::App& program) {
     CLI::App* command =
         program.add_subcommand("clip", "Art clips as PNG pictures with alpha, and what they hold");
     auto request = std::make_shared<ClipRequest>();
-    command->add_option("-o,--output", request->folder, "The folder of the pictures")
+    command->add_option("-o,--out", request->folder, "The folder of the pictures")
         ->type_name("DIR")
         ->required();
     command->add_option("--size", request->size, "The longer side in pixels")
