@@ -25,6 +25,9 @@ cmake -S tests/consumer -B "$work/cmake" -G Ninja -DCMAKE_BUILD_TYPE=Release \
 cmake --build "$work/cmake"
 "$work/cmake/photo-host" "$work/photo.jpg" "$work/by-cmake.jpg"
 check_result "$work/by-cmake.jpg"
+CLOSE_AT_ONCE=1 QT_QPA_PLATFORM=offscreen \
+    "$work/cmake/photo-editor" "$work/photo.jpg" "$work/edits.xml"
+grep -q ZEV_Photo_Info "$work/edits.xml"
 
 pc_folder="$(dirname "$(find "$stage" -name vellora.pc)")"
 flags="$(PKG_CONFIG_PATH="$pc_folder" pkg-config --cflags --libs vellora)"
