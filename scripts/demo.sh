@@ -35,7 +35,7 @@ render lake-framed landscape --filter 'Brightness Contrast=15,20' --filter HSL=0
     --clip "$clips/frame.svg@0,0,600,450" --clip "$clips/star.svg@490,35,75,75"
 render lake-painted landscape --flip-x --crop 60,60,480,320 --filter 'Oil Paint=30'
 render lake-carved landscape --crop 0,90,300,200 --filter Embossment=120,3
-render woman-close portrait --crop 75,25,205,205 --filter 'Brightness Contrast=5,10' \
+render woman-close portrait --crop 55,75,250,250 --filter 'Brightness Contrast=5,10' \
     --clip "$clips/star.svg@455,315,120,120"
 render woman-grey portrait --filter 'Gauss Smooth=2' --filter Sharpen=80 --filter Grey
 render city-focused night --filter 'Depth Dim' --roi 0.4,0.3,0.25,0.3 --filter Snow=60,150,600
