@@ -6,6 +6,7 @@
 #include <utility>
 
 #include <vellora/host/ImageObj.h>
+#include <vellora/project/ProjectContents.h>
 
 namespace vellora::hostkit {
 namespace {
@@ -23,14 +24,32 @@ QString projectOnDisk(const QString& showFile) {
     return show ? show->projectPath : QString();
 }
 
+/// Why a project file cannot be read; empty when it can.
+QString problemOf(const QString& project) {
+    ProjectContents contents;
+    QString reason;
+    return ReadProject(project, {}, &contents, &reason) ? QString() : reason;
+}
+
 }  // namespace
+
+QString loadEdits(const Show& show, CImageObj& document) {
+    if (!QFileInfo::exists(show.projectPath)) {
+        return {};
+    }
+    const QString problem = problemOf(show.projectPath);
+    if (problem.isEmpty()) {
+        document.LoadFromXMLFile(show.projectPath);
+    }
+    return problem;
+}
 
 bool saveShow(const QString& file, Show& show, CImageObj& document, QString* error) {
     const QString usual = defaultProjectPath(file);
     const QString first = besideShow(file, ".alt.xml");
     const QString second = besideShow(file, ".alt2.xml");
     const QString old = projectOnDisk(file);
-    const bool isOurs = old == usual || old == first || old == second;
+    const bool isOurs = (old == usual || old == first || old == second) && problemOf(old).isEmpty();
     QString target = usual;
     if (old == usual || old == second || (old != first && QFile::exists(usual))) {
         target = first;

@@ -55,6 +55,13 @@ MainWindow::MainWindow()
     SlideModel& slides = m_document->slides();
     connect(m_document, &ShowDocument::stateChanged, this, &MainWindow::updateState);
     connect(&slides, &QAbstractItemModel::rowsInserted, this, &MainWindow::updateState);
+    // Putting the module's list into another order binds the records anew.
+    const auto pause = [this] { m_pause.emplace(m_thumbnails->queue()); };
+    const auto resume = [this] { m_pause.reset(); };
+    connect(&slides, &QAbstractItemModel::rowsAboutToBeInserted, this, pause);
+    connect(&slides, &QAbstractItemModel::rowsInserted, this, resume);
+    connect(&slides, &QAbstractItemModel::layoutAboutToBeChanged, this, pause);
+    connect(&slides, &QAbstractItemModel::layoutChanged, this, resume);
     connect(&slides, &QAbstractItemModel::rowsRemoved, this, &MainWindow::updateState);
     connect(&slides, &QAbstractItemModel::modelReset, this, [this] {
         m_thumbnails->clear();
@@ -72,7 +79,16 @@ MainWindow::MainWindow()
     updateState();
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow() {
+    // Their threads draw the album and the slides of the document, which goes after them.
+    stopPlaying();
+    m_view->setItemDelegate(nullptr);
+    delete m_thumbnails;
+}
+
+void MainWindow::stopPlaying() {
+    qDeleteAll(findChildren<Player*>());
+}
 
 void MainWindow::applyPreferences() {
     CImageObj::SetLanguageString(m_preferences.languageFile);
@@ -145,6 +161,8 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 void MainWindow::newShow() {
     if (mayLeaveShow()) {
+        stopPlaying();
+        const RenderQueue::Pause pause(m_thumbnails->queue());
         m_document->startNew();
     }
 }
@@ -161,8 +179,9 @@ void MainWindow::open(const QString& path) {
     if (!mayLeaveShow()) {
         return;
     }
+    stopPlaying();
     QStringList problems;
-    switch (m_document->open(path, &problems)) {
+    switch (paused([&] { return m_document->open(path, &problems); })) {
         case ShowDocument::OpenResult::Failed:
             report(tr("Open a show"),
                    tr("\"%1\" cannot be opened.").arg(QFileInfo(path).fileName()), problems);
@@ -171,7 +190,7 @@ void MainWindow::open(const QString& path) {
             if (QMessageBox::question(this, tr("Open a show"),
                                       tr("Another window works on this show. Open a copy?")) ==
                     QMessageBox::Yes &&
-                !m_document->import(path, {}, &problems)) {
+                !paused([&] { return m_document->import(path, {}, &problems); })) {
                 report(tr("Open a show"),
                        tr("\"%1\" cannot be opened.").arg(QFileInfo(path).fileName()), problems);
             }
@@ -202,7 +221,8 @@ void MainWindow::recover(const QString& copy, const QString& show) {
     box.exec();
     QStringList problems;
     if (box.clickedButton() == reinterpret_cast<const QAbstractButton*>(take)) {
-        if (m_document->import(copy, show, &problems)) {
+        stopPlaying();
+        if (paused([&] { return m_document->import(copy, show, &problems); })) {
             Autosave::remove(copy);
             m_autosave->update();
         } else {
@@ -313,12 +333,20 @@ void MainWindow::editSelected() {
         return;
     }
     // The dialog owns the photos while it is open; what changed is rendered afterwards.
+    stopPlaying();
     const RenderQueue::Pause pause(m_thumbnails->queue());
     ReleaseImgBuf(m_document->slides().slide(rows.first())->node());
-    m_document->slides().document().ShowProcessDialog(rows.first(), this, kSlideChanged);
+    // From now on, so that a crash in the dialog finds an automatic copy.
     m_document->markDirty();
-    for (const int row : rows) {
-        m_thumbnails->invalidate(m_document->slides().slide(row)->id());
+    for (const SlidePtr& slide : m_document->slides().slides()) {
+        slide->record().changed = 0;
+    }
+    m_document->slides().document().ShowProcessDialog(rows.first(), this, kSlideChanged);
+    // Album sprites change photos that the dialog never showed.
+    for (const SlidePtr& slide : m_document->slides().slides()) {
+        if (slide->record().changed != 0) {
+            m_thumbnails->invalidate(slide->id());
+        }
     }
 }
 
@@ -339,6 +367,7 @@ void MainWindow::exportShow() {
     if (dialog.exec() != QDialog::Accepted) {
         return;
     }
+    stopPlaying();
     const RenderQueue::Pause pause(m_thumbnails->queue());
     ExportProgress(slides.document(), slides.slides(), dialog.options(), this).exec();
 }

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <QMainWindow>
+#include <optional>
 
 #include "desktop/Preferences.h"
+#include "desktop/RenderQueue.h"
+#include "desktop/Thumbnails.h"
 
 class QAction;
 class QLabel;
@@ -13,7 +16,6 @@ namespace vellora::desktop {
 class Autosave;
 class ShowDocument;
 class SlideView;
-class Thumbnails;
 
 /// The window of one show.
 class MainWindow : public QMainWindow {
@@ -47,6 +49,15 @@ private:
     void applyPreferences();
     void report(const QString& title, const QString& text, const QStringList& details);
 
+    /// Ends slideshows that play; their threads render the photos of the show.
+    void stopPlaying();
+    /// What the work gives, done while no thumbnail is rendered.
+    template <class Work>
+    auto paused(Work work) {
+        const RenderQueue::Pause pause(m_thumbnails->queue());
+        return work();
+    }
+
     void newShow();
     void openDialog();
     void open(const QString& path);
@@ -74,6 +85,7 @@ private:
     ShowDocument* m_document;
     Autosave* m_autosave;
     Thumbnails* m_thumbnails;
+    std::optional<RenderQueue::Pause> m_pause;
     SlideView* m_view;
     QMenu* m_recent = nullptr;
     QLabel* m_count;

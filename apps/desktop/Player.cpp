@@ -19,6 +19,7 @@ int milliseconds(std::int32_t seconds) {
 Player::Player(std::vector<SlidePtr> slides, int first, QWidget* parent)
     : QWidget(parent, Qt::Window), m_slides(std::move(slides)), m_current(first) {
     setAttribute(Qt::WA_DeleteOnClose);
+    setWindowModality(Qt::ApplicationModal);  // its thread renders the photos of the show
     setAttribute(Qt::WA_OpaquePaintEvent);
     setWindowTitle(tr("Slideshow"));
     setCursor(Qt::BlankCursor);

@@ -76,7 +76,11 @@ bool ShowDocument::load(const QString& source, QStringList* problems) {
     }
     m_slides.clear();
     m_slides.insert(0, show->photos);
-    m_slides.document().LoadFromXMLFile(show->projectPath);
+    const QString problem = hostkit::loadEdits(*show, m_slides.document());
+    if (!problem.isEmpty()) {
+        problems->append(tr("The edits cannot be read: %1: %2")
+                             .arg(QDir::toNativeSeparators(show->projectPath), problem));
+    }
     m_unknown = show->unknown;
     if (!QFileInfo::exists(show->projectPath)) {
         problems->append(
@@ -128,8 +132,9 @@ bool ShowDocument::saveCopy(const QString& path, QString* error) {
 
 bool ShowDocument::save(const QString& path, QString* error) {
     const QString full = QFileInfo(path).absoluteFilePath();
+    std::unique_ptr<QLockFile> previous;
     if (full != m_path) {
-        std::unique_ptr<QLockFile> previous = std::move(m_lock);
+        previous = std::move(m_lock);
         if (!lock(full)) {
             m_lock = std::move(previous);
             *error = tr("another window works on this show");
@@ -137,6 +142,9 @@ bool ShowDocument::save(const QString& path, QString* error) {
         }
     }
     if (!saveCopy(full, error)) {
+        if (full != m_path) {
+            m_lock = std::move(previous);
+        }
         return false;
     }
     setState(full, false);

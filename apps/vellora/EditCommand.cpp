@@ -80,12 +80,11 @@ bool fillDocument(hostkit::Document& document, const hostkit::Show& show) {
         }
         document.addPhoto(record);
     }
-    if (QFileInfo::exists(show.projectPath) &&
-        document.show().LoadFromXMLFile(show.projectPath) != S_OK) {
-        printError(QStringLiteral("%1: the edits cannot be read").arg(printable(show.projectPath)));
-        return false;
+    const QString problem = hostkit::loadEdits(show, document.show());
+    if (!problem.isEmpty()) {
+        printError(QStringLiteral("%1: %2").arg(printable(show.projectPath), problem));
     }
-    return true;
+    return problem.isEmpty();
 }
 
 void takeBack(hostkit::Document& document, hostkit::Show& show) {

@@ -38,7 +38,9 @@ int runNew(const NewRequest& request) {
     for (const std::string& name : request.photos) {
         _PHOTO_LIST_NODE record{};
         const auto photo = uprightPhoto(QFile::decodeName(name.c_str()));
-        if (photo && hostkit::toRecord(*photo, record)) {
+        if (photo && !hostkit::toRecord(*photo, record)) {
+            printError(QStringLiteral("%1: the path is too long").arg(printable(photo->path)));
+        } else if (photo) {
             show.photos.push_back(*photo);
             document.addPhoto(record);
         }

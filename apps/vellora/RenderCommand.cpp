@@ -73,7 +73,13 @@ private:
             outcome.problem = m_folder.problem();
         } else {
             const QString scratch = m_folder.scratchFile(m_options.suffix());
-            outcome = m_renderer.render(item, scratch);
+            try {
+                outcome = m_renderer.render(item, scratch);
+            } catch (const std::bad_alloc&) {
+                outcome.problem = QStringLiteral("there is not enough memory for it");
+            } catch (const std::exception& error) {
+                outcome.problem = QString::fromUtf8(error.what());
+            }
             if (outcome.problem.isEmpty()) {
                 result = outcome.size.isEmpty() ? QString() : m_folder.publish(scratch, name);
                 outcome.problem = result.isEmpty() ? m_folder.writeProblem() : QString();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <limits>
 
 #include <opencv2/core/core_c.h>
 #include <opencv2/imgproc.hpp>
@@ -40,6 +41,32 @@ void mirror(IplImage& image, int code) {
     cv::flip(pixels, pixels, code);
 }
 
+/// What `cvGetQuadrangleSubPix` computes for a quarter turn, for pictures beyond its limit: every
+/// sample lies in the middle between four pixels, those beyond the edge repeat it.
+void turnBetweenPixels(const cv::Mat& from, cv::Mat& to, const Turn& turn) {
+    // Everything counts in half pixels, so that it stays whole.
+    const auto a = static_cast<int>(turn.a);
+    const auto b = static_cast<int>(turn.b);
+    for (int y = 0; y < to.rows; ++y) {
+        auto* row = to.ptr<cv::Vec3b>(y);
+        const int dy = 2 * y - (to.rows - 1);
+        for (int x = 0; x < to.cols; ++x) {
+            const int dx = 2 * x - (to.cols - 1);
+            const int left = (a * dx + b * dy + from.cols - 1) / 2;
+            const int top = (a * dy - b * dx + from.rows - 1) / 2;
+            const int right = std::min(left + 1, from.cols - 1);
+            const int bottom = std::min(top + 1, from.rows - 1);
+            const auto* upper = from.ptr<cv::Vec3b>(top);
+            const auto* lower = from.ptr<cv::Vec3b>(bottom);
+            for (int channel = 0; channel < 3; ++channel) {
+                const int sum = upper[left][channel] + upper[right][channel] +
+                                lower[left][channel] + lower[right][channel];
+                row[x][channel] = static_cast<uchar>((sum + 2) / 4);
+            }
+        }
+    }
+}
+
 }  // namespace
 
 ImagePtr rotatedQuarter(const IplImage& image, int degrees) {
@@ -51,6 +78,11 @@ ImagePtr rotatedQuarter(const IplImage& image, int degrees) {
                                         : makeImage(image.width, image.height);
     if (rotated == nullptr) {
         return nullptr;
+    }
+    if (std::max(image.width, image.height) >= std::numeric_limits<short>::max()) {
+        cv::Mat target = cv::cvarrToMat(rotated.get());
+        turnBetweenPixels(cv::cvarrToMat(&image), target, *turn);
+        return rotated;
     }
     std::array<float, 6> matrix{turn->a,  turn->b, static_cast<float>(image.width) * 0.5F,
                                 -turn->b, turn->a, static_cast<float>(image.height) * 0.5F};

@@ -24,6 +24,22 @@ bool differByLessThanTwo(int a, int b) {
     return std::abs(a - b) < 2;
 }
 
+/// Lends an image to a filter, which may exchange it, and takes back whatever is there then, also
+/// when the filter throws.
+class LentImage {
+public:
+    explicit LentImage(ImagePtr& owner) : m_owner(owner), m_image(owner.release()) {}
+    ~LentImage() { m_owner.reset(m_image); }
+    LentImage(const LentImage&) = delete;
+    LentImage& operator=(const LentImage&) = delete;
+
+    IplImage** image() { return &m_image; }
+
+private:
+    ImagePtr& m_owner;
+    IplImage* m_image;
+};
+
 template <class Items>
 bool hasIndex(const Items& items, int index) {
     return index >= 0 && static_cast<std::size_t>(index) < items.size();
@@ -149,9 +165,8 @@ void CPhotoProcessor::ApplyPreview(ImagePtr& picture) const {
         const FilterRegion& region = g_previewRegion;
         m_currentFilter->SetROI(region.roi_x, region.roi_y, region.roi_cx, region.roi_cy);
     }
-    IplImage* image = picture.release();
-    m_currentFilter->Apply(&image);
-    picture.reset(image);
+    LentImage lent(picture);
+    m_currentFilter->Apply(lent.image());
 }
 
 void CPhotoProcessor::SetPreviewROI(float x, float y, float cx, float cy) {
@@ -160,9 +175,8 @@ void CPhotoProcessor::SetPreviewROI(float x, float y, float cx, float cy) {
 
 void CPhotoProcessor::ApplyToWorking(COpencvFilterInterface& filter) {
     if (m_working != nullptr) {
-        IplImage* image = m_working.release();
-        filter.Apply(&image);  // the result is no reason to skip anything
-        m_working.reset(image);
+        LentImage lent(m_working);
+        filter.Apply(lent.image());  // the result is no reason to skip anything
     }
 }
 

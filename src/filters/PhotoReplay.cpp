@@ -1,5 +1,6 @@
 // Decoding a photo and replaying its edits.
 
+#include <QFileInfo>
 #include <QString>
 #include <algorithm>
 #include <cstdint>
@@ -33,14 +34,24 @@ void CPhotoProcessor::Rebuild(bool scaled) {
     if (m_node == nullptr || m_node->path[0] == u'\0' || m_working != nullptr) {
         return;
     }
-    if (DecodeSource()) {
-        MakeWorkingFromSource();
-        Replay();
+    try {
+        if (DecodeSource()) {
+            MakeWorkingFromSource();
+            Replay();
+        }
+    } catch (...) {
+        // A picture of which only some edits are done would be taken for the finished one.
+        m_working.reset();
+        m_source.reset();
+        throw;
     }
 }
 
 bool CPhotoProcessor::DecodeSource() {
     const QString path = hostText(m_node->path);
+    if (!QFileInfo(path).isFile()) {
+        return false;  // reading a pipe or a terminal would never end
+    }
     DecodedPhoto photo = decodeJpeg(path);
     m_damaged = photo.damaged;
     m_source = std::move(photo.image);
@@ -83,14 +94,22 @@ ImagePtr CPhotoProcessor::MakeDetailed(double detail) {
     // The edits are replayed as for a full-size picture, beside the preview that stays.
     const float previewFactorBefore = m_previewFactor;
     const std::int32_t changedBefore = m_node->changed;
+    const auto restore = [&] {
+        std::swap(m_working, picture);
+        m_scaled = true;
+        m_previewFactor = previewFactorBefore;
+        m_node->changed = changedBefore;
+    };
     std::swap(m_working, picture);
     m_scaled = false;
     m_previewFactor = static_cast<float>(detailed.width) / static_cast<float>(preview.width);
-    Replay();
-    std::swap(m_working, picture);
-    m_scaled = true;
-    m_previewFactor = previewFactorBefore;
-    m_node->changed = changedBefore;
+    try {
+        Replay();
+    } catch (...) {
+        restore();
+        throw;
+    }
+    restore();
     return picture;
 }
 

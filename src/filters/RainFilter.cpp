@@ -48,8 +48,12 @@ void drawStreak(cv::Mat& picture, const Levels& levels, int x0, int y0, std::int
     // Steps whose row may lie inside the picture, with one to spare at either end.
     const auto upper = static_cast<std::int64_t>(std::floor((-1.0 - y0) * kStretch)) - 1;
     const auto lower = static_cast<std::int64_t>(std::ceil((picture.rows - y0) * kStretch)) + 1;
-    const std::int64_t end = std::min(length, lower + 1);
-    for (std::int64_t step = std::max(-length, upper); step < end; ++step) {
+    // The same for columns: a streak leaves a narrow picture long before a high one.
+    const auto left =
+        static_cast<std::int64_t>(std::floor((x0 - picture.cols) * kStretch / kSlant)) - 1;
+    const auto right = static_cast<std::int64_t>(std::ceil((x0 + 1.0) * kStretch / kSlant)) + 1;
+    const std::int64_t end = std::min({length, lower + 1, right + 1});
+    for (std::int64_t step = std::max({-length, upper, left}); step < end; ++step) {
         const auto t = static_cast<double>(step);
         const auto x = static_cast<std::int64_t>(x0 - kSlant * t / kStretch);
         const auto y = static_cast<std::int64_t>(y0 + t / kStretch);

@@ -4,6 +4,7 @@
 #include <vellora/model/DVDImage.h>
 
 #include "base/ModuleState.h"
+#include "host/Guard.h"
 
 namespace vellora {
 
@@ -22,7 +23,10 @@ public:
     ~EditedPhotoPause() {
         if (m_processor != nullptr) {
             m_processor->ReleaseImages();
-            m_processor->Rebuild(true);
+            guarded([this] {
+                m_processor->Rebuild(true);
+                return S_OK;
+            });
             m_processor->SetCurrentFilter(m_filter);
         }
     }

@@ -1,6 +1,7 @@
 // Rendering finished pictures.
 
 #include <QImage>
+#include <QScopeGuard>
 #include <algorithm>
 #include <mutex>
 
@@ -34,9 +35,8 @@ QImage composeOutput(CDVDImage& image, bool scaled) {
     const Size canvas = outputCanvas(picture);
     image.SetCanvasSize(canvas.width, canvas.height);
     image.SetRegion((canvas.width - picture.width) / 2, (canvas.height - picture.height) / 2);
-    QImage surface = image.Compose(picture.width, picture.height, kFitInside);
-    image.ClearRegion();
-    return surface;
+    const auto clearRegion = qScopeGuard([&image] { image.ClearRegion(); });
+    return image.Compose(picture.width, picture.height, kFitInside);
 }
 
 /// Copies as many rows and columns as both images have.

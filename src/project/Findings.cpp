@@ -1,5 +1,6 @@
 #include "project/Findings.h"
 
+#include <QRegularExpression>
 #include <algorithm>
 
 #include "xml/XmlPlaces.h"
@@ -58,6 +59,14 @@ std::vector<ProjectFinding> Findings::placedIn(const QByteArray& document) {
 bool checkNumber(const XmlNode& node, const char* name, Findings& findings) {
     const bool isNumber =
         hasNumber<std::int32_t>([&](std::int32_t& out) { return node.GetIntAttribute(name, out); });
+    return report(isNumber, node, name, findings);
+}
+
+bool checkFraction(const XmlNode& node, const char* name, Findings& findings) {
+    static const QRegularExpression number(QStringLiteral("^\\s*[+-]?(\\d|\\.\\d)"));
+    QString text;
+    const bool isNumber =
+        node.GetAttribute(name, text) == kXmlFound && number.match(text).hasMatch();
     return report(isNumber, node, name, findings);
 }
 

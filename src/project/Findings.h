@@ -30,6 +30,8 @@ private:
 /// Whether the attribute is there and begins with a number; finds fault otherwise.
 bool checkNumber(const XmlNode& node, const char* name, Findings& findings);
 bool checkHexNumber(const XmlNode& node, const char* name, Findings& findings);
+/// As above for a decimal number, which may begin with its point.
+bool checkFraction(const XmlNode& node, const char* name, Findings& findings);
 
 /// Finds fault with children whose names are none of these.
 void checkChildNames(const XmlNode& node, std::initializer_list<const char*> names,

@@ -52,7 +52,7 @@ void checkFilter(const XmlNode& node, const QString& /*baseFolder*/, Findings& f
     }
     if (filter->HasROI()) {
         for (const char* name : {"roi_x", "roi_y", "roi_cx", "roi_cy"}) {
-            checkNumber(node, name, findings);
+            checkFraction(node, name, findings);
         }
     }
     checkChildNames(node, {}, findings);

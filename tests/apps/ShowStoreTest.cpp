@@ -77,6 +77,27 @@ TEST_F(ShowStoreTest, LeavesAProjectFileOfAnotherOriginAlone) {
     EXPECT_EQ(other.readAll(), "mine");
 }
 
+TEST_F(ShowStoreTest, ADamagedProjectFileIsToldAndNeverRemoved) {
+    ASSERT_TRUE(save(2));
+    const QString project = folder.filePath(QStringLiteral("show.xml"));
+    QFile file(project);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    file.resize(file.size() / 2);
+    file.close();
+    Show show;
+    show.projectPath = project;
+    CImageObj document;
+    EXPECT_FALSE(loadEdits(show, document).isEmpty());
+    EXPECT_TRUE(document.GetAlbum()->GetSprites().IsEmpty());
+    for (const int sprites : {1, 3, 2}) {
+        ASSERT_TRUE(save(sprites));
+        EXPECT_EQ(load(), sprites);
+        EXPECT_TRUE(QFile::exists(project)) << "it may be repaired by hand";
+    }
+    show.projectPath = folder.filePath(QStringLiteral("none.xml"));
+    EXPECT_TRUE(loadEdits(show, document).isEmpty()) << "a new show has no edits";
+}
+
 TEST_F(ShowStoreTest, AFailureLeavesTheOldPair) {
     ASSERT_TRUE(save(2));
     const QStringList before = files();

@@ -68,7 +68,7 @@ TEST_F(ProjectCheckTest, NamesEachFaultWithItsPlace) {
               "  <Filter_Data id='1' type='Gauss Smooth' factor_one='11' crop_step='-1' "
               "FlipX='0' FlipY='0' Angle='0'/>\n"
               "  <Filter_Data id='2' type='Depth Dim' crop_step='0' FlipX='0' FlipY='0' "
-              "Angle='0' roi_x='0' roi_y='0' roi_cx='0'/>\n"
+              "Angle='0' roi_x='0' roi_y='.25' roi_cx='0'/>\n"
               "  <Crop_Data id='0' x='0' y='0' cx='0' cy='4' flipx='0' flipy='0' angle='0'/>\n"
               "  <Crop_Data id='1' x='0' y='0' cx='3' cy='4' flipx='0' flipy='0'/>\n"
               "  <Extra/>\n"

@@ -53,7 +53,14 @@ bool touchesBottom(int handle) {
 }  // namespace
 
 bool CropFrame::setMode(int mode, const Rect& placed) {
-    if (mode == m_mode || mode < kCropManual || mode > kCropNone || placed.isEmpty()) {
+    if (mode == m_mode || mode < kCropManual || mode > kCropNone) {
+        return false;
+    }
+    if (placed.isEmpty()) {
+        // Without a picture the frame stays; but where there is none, "none" is what it is.
+        if (mode == kCropNone && isEmpty()) {
+            m_mode = mode;
+        }
         return false;
     }
     m_mode = mode;

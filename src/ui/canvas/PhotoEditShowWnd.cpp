@@ -157,7 +157,11 @@ void CPhotoEditShowWnd::CommitEditor() {
         return;
     }
     m_layers->hideSprite(nullptr);
+    const CDVDImageSprite* edited = GetSelected();
     const CommittedDraft committed = commitDraft(m_session, m_typing->close(), m_textProperties);
+    if (edited != nullptr && !m_session.holds(edited)) {
+        m_clipboard.forget(edited);
+    }
     expandTexts(m_session, m_slideIndex, m_slideCount);
     m_selected = committed.selected;
     RedrawSprites();

@@ -219,6 +219,7 @@ void CPhotoEditShowWnd::keyReleaseEvent(QKeyEvent* event) {
 void CPhotoEditShowWnd::HandleKeyRelease(int key) {
     switch (key) {
         case Qt::Key_Delete:
+            CommitEditor();
             DeleteSelected();
             break;
         case Qt::Key_Escape:

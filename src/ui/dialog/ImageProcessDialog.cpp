@@ -316,6 +316,7 @@ void CImageProcessDialog::Navigate(int step) {
     }
     m_host.post(m_index);
     m_index += step;
+    listed.photo->changed = 1;
     OpenPhoto(listed);
 }
 
@@ -323,7 +324,6 @@ void CImageProcessDialog::OpenPhoto(const ListedPhoto& listed) {
     const WaitCursor wait;
     m_canvas->CommitEditor();
     if (CDVDImage* previous = m_session->record(); previous != nullptr) {
-        listed.photo->changed = 1;
         m_infoPage->Save();
         previous->GetProcessor()->ReleaseImages();
     }
@@ -377,6 +377,10 @@ void CImageProcessDialog::OnOk() {
 }
 
 void CImageProcessDialog::Abandon() {
+    // With the picture goes the filter of the page: the photo may outlive the dialog.
+    if (CDVDImage* record = m_session->record(); record != nullptr) {
+        record->GetProcessor()->ReleaseImages();
+    }
     m_session->forgetPhoto();
     m_infoPage->Load();
     for (QWidget* modal = QApplication::activeModalWidget(); modal != nullptr && modal != this;) {

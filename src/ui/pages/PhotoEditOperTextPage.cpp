@@ -52,6 +52,12 @@ CPhotoEditOperTextPage::CPhotoEditOperTextPage(CPhotoEditShowWnd& canvas, const 
     m_brush->SetBrush(&m_style.effect.face, TextureFolder(baseFolder));
     Connect();
     LoadProperties();
+    if (m_effects->selectedItems().isEmpty() && m_effects->count() > 0) {
+        // Offered, not applied.
+        m_loading = true;
+        m_effects->setCurrentRow(0);
+        m_loading = false;
+    }
 }
 
 void CPhotoEditOperTextPage::BuildControls() {

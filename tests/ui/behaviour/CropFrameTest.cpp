@@ -61,6 +61,17 @@ TEST(CropFrameTest, TheSameModeTwiceKeepsAMovedFrame) {
     EXPECT_EQ(frame.mode(), kCropNone);
 }
 
+TEST(CropFrameTest, NoFrameIsChosenWithoutAPictureToo) {
+    CropFrame frame;
+    frame.setMode(kCropManual, kStage);
+    frame.clear();  // the next photo, which is missing
+    EXPECT_FALSE(frame.setMode(kCropFourToThree, {}));
+    EXPECT_FALSE(frame.setMode(kCropNone, {}));
+    EXPECT_EQ(frame.mode(), kCropNone);
+    EXPECT_TRUE(frame.setMode(kCropManual, kStage));
+    EXPECT_EQ(frame.rect(), kStage);
+}
+
 TEST(CropFrameTest, HandlesAreHitThreeBeforeTheirPointButNotThreeBehind) {
     CropFrame frame;
     frame.setMode(kCropManual, {100, 50, 501, 350});
