@@ -45,7 +45,7 @@ QString lockOf(const QString& untitled) {
 Autosave::Autosave(ShowDocument& document, QObject* parent)
     : QObject(parent), m_document(document) {
     m_timer.setInterval(kIntervalMs);
-    connect(&m_timer, &QTimer::timeout, this, &Autosave::update);
+    connect(&m_timer, &QTimer::timeout, this, &Autosave::due);
     m_timer.start();
 }
 

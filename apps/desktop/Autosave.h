@@ -30,6 +30,10 @@ public:
     /// Removes a copy with its edits.
     static void remove(const QString& copy);
 
+Q_SIGNALS:
+    /// It is time for `update`. Whoever knows that nothing renders the show calls it.
+    void due();
+
 private:
     [[nodiscard]] QString copyPath();
 

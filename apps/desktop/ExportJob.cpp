@@ -63,7 +63,7 @@ QString ExportJob::exportSlide(int index) {
     return {};
 }
 
-QString ExportJob::freeName(int index) {
+QString ExportJob::freeName(int index) const {
     const int digits = static_cast<int>(QString::number(m_slides.size()).size());
     QString base = QFileInfo(m_slides[static_cast<std::size_t>(index)]->path()).completeBaseName();
     if (m_options.numbered) {
@@ -71,10 +71,9 @@ QString ExportJob::freeName(int index) {
     }
     const QDir folder(m_options.folder);
     QString path = folder.filePath(base + QStringLiteral(".jpg"));
-    for (int copy = 2; QFileInfo::exists(path) || m_used.contains(path); ++copy) {
+    for (int copy = 2; QFileInfo::exists(path); ++copy) {
         path = folder.filePath(QStringLiteral("%1-%2.jpg").arg(base).arg(copy));
     }
-    m_used.insert(path);
     return path;
 }
 

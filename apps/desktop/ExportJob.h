@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QObject>
-#include <QSet>
 #include <QSize>
 #include <QStringList>
 #include <atomic>
@@ -49,12 +48,11 @@ private:
     void run();
     /// The reason of a failure; empty on success.
     QString exportSlide(int index);
-    [[nodiscard]] QString freeName(int index);
+    [[nodiscard]] QString freeName(int index) const;
 
     CImageObj& m_document;
     std::vector<SlidePtr> m_slides;
     ExportOptions m_options;
-    QSet<QString> m_used;
     std::atomic<bool> m_cancelled{false};
     std::thread m_thread;
 };

@@ -53,6 +53,7 @@ MainWindow::MainWindow()
     resize(1100, 720);
 
     SlideModel& slides = m_document->slides();
+    connect(m_autosave, &Autosave::due, this, &MainWindow::autosave);
     connect(m_document, &ShowDocument::stateChanged, this, &MainWindow::updateState);
     connect(&slides, &QAbstractItemModel::rowsInserted, this, &MainWindow::updateState);
     // Putting the module's list into another order binds the records anew.
@@ -159,6 +160,14 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     QMainWindow::closeEvent(event);
 }
 
+void MainWindow::autosave() {
+    // Drawing measures texts, so a show that is drawn by another thread is not written.
+    if (!m_isExporting && findChild<Player*>() == nullptr) {
+        const RenderQueue::Pause pause(m_thumbnails->queue());
+        m_autosave->update();
+    }
+}
+
 void MainWindow::newShow() {
     if (mayLeaveShow()) {
         stopPlaying();
@@ -224,7 +233,7 @@ void MainWindow::recover(const QString& copy, const QString& show) {
         stopPlaying();
         if (paused([&] { return m_document->import(copy, show, &problems); })) {
             Autosave::remove(copy);
-            m_autosave->update();
+            autosave();
         } else {
             report(tr("Recover changes"), tr("The changes cannot be read."), problems);
         }
@@ -369,7 +378,9 @@ void MainWindow::exportShow() {
     }
     stopPlaying();
     const RenderQueue::Pause pause(m_thumbnails->queue());
+    m_isExporting = true;
     ExportProgress(slides.document(), slides.slides(), dialog.options(), this).exec();
+    m_isExporting = false;
 }
 
 void MainWindow::play() {

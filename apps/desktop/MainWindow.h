@@ -49,6 +49,7 @@ private:
     void applyPreferences();
     void report(const QString& title, const QString& text, const QStringList& details);
 
+    void autosave();
     /// Ends slideshows that play; their threads render the photos of the show.
     void stopPlaying();
     /// What the work gives, done while no thumbnail is rendered.
@@ -86,6 +87,7 @@ private:
     Autosave* m_autosave;
     Thumbnails* m_thumbnails;
     std::optional<RenderQueue::Pause> m_pause;
+    bool m_isExporting = false;
     SlideView* m_view;
     QMenu* m_recent = nullptr;
     QLabel* m_count;

@@ -5,6 +5,9 @@
 #include <QSignalSpy>
 #include <QTimer>
 
+#include <vellora/model/DVDAlbumImage.h>
+#include <vellora/model/DVDImageProps.h>
+
 #include "DesktopFixture.h"
 #include "desktop/ExportJob.h"
 #include "desktop/MainWindow.h"
@@ -147,6 +150,29 @@ TEST_F(MainWindowTest, AsksBeforeChangesAreLost) {
     EXPECT_FALSE(window.close());
     answer(QMessageBox::Discard);
     EXPECT_TRUE(window.close());
+}
+
+TEST_F(MainWindowTest, AShowIsExchangedWhileItsThumbnailsAreMade) {
+    const QString show = folder.filePath(QStringLiteral("album.vshow"));
+    {
+        ShowDocument document;
+        slides(document, 12);
+        CDVDAlbumImage& album = *document.slides().document().GetAlbum();
+        for (int k = 0; k < 8; ++k) {
+            album.AddSprite(new CDVDImageProps(&album, photo(QStringLiteral("clip.png"))), false);
+        }
+        QString error;
+        ASSERT_TRUE(document.save(show, &error)) << qPrintable(error);
+    }
+    MainWindow window;
+    window.show();
+    // The album's sprites are deleted each time; the sanitizers watch those who draw them.
+    for (int round = 0; round < 15; ++round) {
+        window.openPaths({show});
+        QTest::qWait(8);
+    }
+    EXPECT_EQ(window.document().slides().count(), 12);
+    EXPECT_EQ(window.document().slides().document().GetAlbum()->GetSprites().GetSize(), 8);
 }
 
 TEST_F(MainWindowTest, RemovesTheSelectedPhotos) {

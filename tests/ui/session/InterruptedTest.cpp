@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
@@ -11,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <vellora/filters/PhotoProcessor.h>
 #include <vellora/model/DVDAlbumImage.h>
 #include <vellora/model/DVDImage.h>
 #include <vellora/model/DVDImageText.h>
@@ -134,6 +136,26 @@ TEST_F(InterruptedTest, TheHostWindowMayGoAtAnyTime) {
                                 test::openCanvas()->mapToGlobal(QPoint(60, 60)));
         QApplication::sendEvent(test::openCanvas(), &event);
     });
+}
+
+TEST_F(InterruptedTest, AFilterOfTheDialogGoesWithTheHostWindow) {
+    _HNODE* element = nullptr;
+    ASSERT_EQ(m_show.document.GetNodeData(0, &element), S_OK);
+    const CPhotoProcessor& processor =
+        *reinterpret_cast<_HNODE_DATA*>(element)->image->GetProcessor();
+    auto window = std::make_unique<QWidget>();
+    window->show();
+    m_show.edit(0, window.get(), [&] {
+        for (QListWidget* list : test::openDialog()->findChildren<QListWidget*>()) {
+            if (list->property("controlId").toInt() == 3037) {
+                list->setCurrentRow(2);
+            }
+        }
+        EXPECT_NE(processor.GetCurrentFilter(), nullptr);
+        QTimer::singleShot(0, [&] { window.reset(); });
+    });
+    EXPECT_EQ(processor.GetCurrentFilter(), nullptr) << "the page that owned it is gone";
+    EXPECT_EQ(processor.GetWorking(), nullptr) << "the host gets the photo as it is committed";
 }
 
 TEST_F(InterruptedTest, PhotosMayComeAndGoWhileTheDialogIsOpen) {
