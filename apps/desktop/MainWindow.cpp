@@ -162,7 +162,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 void MainWindow::autosave() {
     // Drawing measures texts, so a show that is drawn by another thread is not written.
-    if (!m_isExporting && findChild<Player*>() == nullptr) {
+    if (findChild<Player*>() == nullptr) {
         const RenderQueue::Pause pause(m_thumbnails->queue());
         m_autosave->update();
     }
@@ -371,16 +371,20 @@ void MainWindow::customEvent(QEvent* event) {
 }
 
 void MainWindow::exportShow() {
-    SlideModel& slides = m_document->slides();
-    ExportDialog dialog(slides.count(), this);
+    ExportDialog dialog(m_document->slides().count(), this);
     if (dialog.exec() != QDialog::Accepted) {
         return;
     }
     stopPlaying();
-    const RenderQueue::Pause pause(m_thumbnails->queue());
-    m_isExporting = true;
-    ExportProgress(slides.document(), slides.slides(), dialog.options(), this).exec();
-    m_isExporting = false;
+    ExportOptions options = dialog.options();
+    options.assetsFolder = m_preferences.effectiveAssetsFolder();
+    ExportJob job(options);
+    QString error;
+    if (paused([&] { return job.prepare(*m_document, &error); })) {
+        ExportProgress(job, this).exec();
+    } else {
+        report(tr("Export"), tr("The show could not be prepared for the export."), {error});
+    }
 }
 
 void MainWindow::play() {

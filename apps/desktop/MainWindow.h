@@ -87,7 +87,6 @@ private:
     Autosave* m_autosave;
     Thumbnails* m_thumbnails;
     std::optional<RenderQueue::Pause> m_pause;
-    bool m_isExporting = false;
     SlideView* m_view;
     QMenu* m_recent = nullptr;
     QLabel* m_count;

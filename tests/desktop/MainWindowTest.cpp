@@ -9,7 +9,6 @@
 #include <vellora/model/DVDImageProps.h>
 
 #include "DesktopFixture.h"
-#include "desktop/ExportJob.h"
 #include "desktop/MainWindow.h"
 #include "desktop/Player.h"
 #include "desktop/ShowDocument.h"
@@ -58,56 +57,6 @@ TEST_F(MainWindowTest, MakesThumbnailsWhenTheyAreLookedAt) {
     broken.close();
     EXPECT_TRUE(thumbnails.picture(all[2]).isNull());
     waitFor([&] { return thumbnails.isUnreadable(all[2]->id()); }, "the verdict");
-}
-
-TEST_F(MainWindowTest, ExportsWithUniqueNamesAndNamesFailures) {
-    ShowDocument document;
-    auto all = slides(document, 3);
-    QFile::remove(all[1]->path());
-    ExportOptions options;
-    options.folder = folder.filePath(QStringLiteral("out"));
-    ASSERT_TRUE(QDir().mkpath(options.folder));
-    options.size = {60, 60};
-    QFile taken(options.folder + QStringLiteral("/1-s0.jpg"));
-    ASSERT_TRUE(taken.open(QIODevice::WriteOnly));
-    taken.close();
-
-    ExportJob job(document.slides().document(), all, options, nullptr);
-    QSignalSpy finished(&job, &ExportJob::finished);
-    job.start();
-    waitFor([&] { return finished.size() == 1; }, "the export");
-    EXPECT_EQ(finished[0][0].toInt(), 2);
-    EXPECT_TRUE(finished[0][1].toStringList().first().startsWith(QStringLiteral("s1.png: ")));
-    EXPECT_FALSE(finished[0][2].toBool());
-    EXPECT_EQ(QImage(options.folder + QStringLiteral("/1-s0-2.jpg")).size(), QSize(60, 40));
-    EXPECT_EQ(QImage(options.folder + QStringLiteral("/3-s2.jpg")).size(), QSize(60, 40));
-    EXPECT_EQ(QDir(options.folder).entryList(QDir::Files).size(), 3);
-}
-
-TEST_F(MainWindowTest, ACancelledExportLeavesNoHalfFile) {
-    ShowDocument document;
-    slides(document, 1);
-    std::vector<SlidePtr> all;
-    for (int k = 0; k < 40; ++k) {
-        document.addFiles({photo(QStringLiteral("big%1.png").arg(k), {900, 700})}, 0, 0);
-    }
-    all = document.slides().slides();
-    ExportOptions options;
-    options.folder = folder.filePath(QStringLiteral("out"));
-    ASSERT_TRUE(QDir().mkpath(options.folder));
-    ExportJob job(document.slides().document(), all, options, nullptr);
-    QSignalSpy working(&job, &ExportJob::working);
-    QSignalSpy finished(&job, &ExportJob::finished);
-    job.start();
-    waitFor([&] { return working.size() >= 3; }, "some pictures");
-    job.cancel();
-    waitFor([&] { return finished.size() == 1; }, "the end");
-    EXPECT_TRUE(finished[0][2].toBool());
-    const QStringList files = QDir(options.folder).entryList(QDir::Files | QDir::Hidden);
-    EXPECT_EQ(files.size(), finished[0][0].toInt());
-    for (const QString& name : files) {
-        EXPECT_EQ(QImage(options.folder + QLatin1Char('/') + name).size(), QSize(900, 700));
-    }
 }
 
 TEST_F(MainWindowTest, ThePlayerFollowsTheKeys) {
