@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QMessageBox>
+#include <QScrollBar>
 #include <QStatusBar>
 
 #include <vellora/host/HostMessage.h>
@@ -76,6 +77,8 @@ MainWindow::MainWindow()
     connect(m_view, &QWidget::customContextMenuRequested, this, &MainWindow::showContextMenu);
     connect(m_thumbnails, &Thumbnails::updated, this,
             [&slides](quint64 id) { slides.refresh(slides.rowOf(id)); });
+    connect(m_view->verticalScrollBar(), &QScrollBar::valueChanged, this,
+            &MainWindow::forgetUnseen);
     applyPreferences();
     updateState();
 }
@@ -119,6 +122,15 @@ void MainWindow::updateState() {
     m_count->setText(selected.isEmpty()
                          ? tr("%n photo(s)", nullptr, slides.count())
                          : tr("%1 of %2 selected").arg(selected.size()).arg(slides.count()));
+}
+
+void MainWindow::forgetUnseen() {
+    QSet<quint64> seen;
+    const SlideView::Rows rows = m_view->visibleRows();
+    for (int row = rows.begin; row < rows.end; ++row) {
+        seen.insert(m_document->slides().slide(row)->id());
+    }
+    m_thumbnails->keepOnly(seen);
 }
 
 void MainWindow::report(const QString& title, const QString& text, const QStringList& details) {

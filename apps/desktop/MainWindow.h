@@ -47,6 +47,8 @@ private:
     void showContextMenu(QPoint point);
     void updateState();
     void applyPreferences();
+    /// No thumbnail is made any more for slides that were scrolled away.
+    void forgetUnseen();
     void report(const QString& title, const QString& text, const QStringList& details);
 
     void autosave();
