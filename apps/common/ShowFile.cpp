@@ -16,6 +16,7 @@ namespace vellora::hostkit {
 namespace {
 
 constexpr qint64 kLargestFile = 64 << 20;
+constexpr qsizetype kMostPhotos = 100'000;
 constexpr int kVersion = 1;
 
 QString placeInText(const QByteArray& text, qsizetype offset) {
@@ -108,6 +109,10 @@ std::optional<Show> readShow(const QString& file, QStringList* warnings, QString
     show.projectPath = project.isEmpty() ? defaultProjectPath(file)
                                          : QDir::cleanPath(folder.absoluteFilePath(project));
     const QJsonArray photos = reader.array(QStringLiteral("photos"));
+    if (photos.size() > kMostPhotos) {
+        *error = QStringLiteral("has more than %1 photos").arg(kMostPhotos);
+        return {};
+    }
     show.unknown = reader.unread();
     show.photos.reserve(static_cast<std::size_t>(photos.size()));
     for (qsizetype k = 0; k < photos.size(); ++k) {

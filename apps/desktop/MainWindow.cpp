@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QStatusBar>
 
@@ -277,7 +278,24 @@ bool MainWindow::saveTo(const QString& path) {
 }
 
 bool MainWindow::save() {
-    return m_document->path().isEmpty() ? saveAs() : saveTo(m_document->path());
+    if (m_document->path().isEmpty()) {
+        return saveAs();
+    }
+    if (m_document->isChangedOnDisk()) {
+        QMessageBox box(QMessageBox::Warning, tr("Save"),
+                        tr("Another program has changed the show \"%1\" since it was opened here.")
+                            .arg(m_document->displayName()),
+                        QMessageBox::Cancel, this);
+        const QAbstractButton* replace =
+            box.addButton(tr("&Replace it"), QMessageBox::DestructiveRole);
+        const QAbstractButton* elsewhere =
+            box.addButton(tr("Save &as..."), QMessageBox::AcceptRole);
+        box.exec();
+        if (box.clickedButton() != replace) {
+            return box.clickedButton() == elsewhere && saveAs();
+        }
+    }
+    return saveTo(m_document->path());
 }
 
 bool MainWindow::saveAs() {
@@ -343,8 +361,9 @@ void MainWindow::locateSelected() {
         this, tr("Locate %1").arg(QFileInfo(slide->path()).fileName()));
     if (!path.isEmpty()) {
         const RenderQueue::Pause pause(m_thumbnails->queue());
-        m_document->slides().relocate(rows.first(), path);
-        m_thumbnails->invalidate(slide->id());
+        for (const int row : m_document->slides().relocate(rows.first(), path)) {
+            m_thumbnails->invalidate(m_document->slides().slide(row)->id());
+        }
     }
 }
 
