@@ -20,6 +20,9 @@ QImage renderJob(const RenderJob& job) {
         job.slide->node(), job.fullSize ? hostkit::Detail::Full : hostkit::Detail::Preview);
     // Decoded pictures of a long show would fill the memory.
     ReleaseImgBuf(job.slide->node());
+    if (picture.isNull()) {
+        job.slide->checkFile();
+    }
     const bool fits = picture.width() <= job.fit.width() && picture.height() <= job.fit.height();
     return picture.isNull() || fits
                ? picture
