@@ -38,7 +38,7 @@ ExportDialog::ExportDialog(int slides, QWidget* parent)
       m_fit(new QComboBox),
       m_quality(new QSpinBox),
       m_numbered(new QCheckBox(tr("Start names with the &place in the show"))) {
-    setWindowTitle(tr("Export %n photo(s)", nullptr, slides));
+    setWindowTitle(tr("Export %Ln photo(s)", nullptr, slides));
     setMinimumWidth(480);
     m_fit->addItem(tr("Picture as large as fits"), ExportOptions::Box);
     m_fit->addItem(tr("Exactly this size, photo fitted inside"), ExportOptions::Inside);
@@ -46,7 +46,7 @@ ExportDialog::ExportDialog(int slides, QWidget* parent)
     m_quality->setRange(1, 100);
     restore();
 
-    auto* browse = new QPushButton(tr("Browse..."));
+    auto* browse = new QPushButton(tr("B&rowse..."));
     auto* folderRow = new QHBoxLayout;
     folderRow->addWidget(m_folder, 1);
     folderRow->addWidget(browse);
@@ -63,7 +63,7 @@ ExportDialog::ExportDialog(int slides, QWidget* parent)
     form->addRow(tr("JPEG &quality:"), m_quality);
     form->addRow(QString(), m_numbered);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
-    buttons->addButton(tr("Export"), QDialogButtonBox::AcceptRole);
+    buttons->addButton(tr("E&xport"), QDialogButtonBox::AcceptRole);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addWidget(buttons);

@@ -57,7 +57,7 @@ QString ExportJob::exportSlide(int index) {
                                   m_options.quality, 0, m_options.fit, slide.record().background);
     ReleaseImgBuf(slide.node());
     if (status != S_OK || !QFileInfo::exists(path)) {
-        return tr("the picture cannot be decoded or %1 cannot be written")
+        return tr("the picture cannot be decoded, or %1 cannot be written")
             .arg(QDir::toNativeSeparators(path));
     }
     return {};
