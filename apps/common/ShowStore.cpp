@@ -1,5 +1,6 @@
 #include "common/ShowStore.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -58,7 +59,8 @@ bool saveShow(const QString& file, Show& show, CImageObj& document, QString* err
     }
 
     if (document.SaveToXMLFile(target) != S_OK) {
-        *error = QStringLiteral("cannot write %1").arg(QDir::toNativeSeparators(target));
+        *error = QCoreApplication::translate("hostkit", "cannot write %1")
+                     .arg(QDir::toNativeSeparators(target));
         return false;
     }
     const QString before = std::exchange(show.projectPath, target);

@@ -56,9 +56,13 @@ ExportDialog::ExportDialog(int slides, QWidget* parent)
     sizeRow->addWidget(m_height);
     sizeRow->addStretch(1);
     auto* form = new QFormLayout;
-    form->addRow(tr("&Folder:"), folderRow);
+    auto* folder = new QLabel(tr("&Folder:"));
+    folder->setBuddy(m_folder);
+    form->addRow(folder, folderRow);
     form->addRow(QString(), m_ownSize);
-    form->addRow(tr("&Size in pixels:"), sizeRow);
+    auto* size = new QLabel(tr("&Size in pixels:"));
+    size->setBuddy(m_width);
+    form->addRow(size, sizeRow);
     form->addRow(tr("F&it:"), m_fit);
     form->addRow(tr("JPEG &quality:"), m_quality);
     form->addRow(QString(), m_numbered);

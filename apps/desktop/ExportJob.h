@@ -13,7 +13,7 @@ namespace vellora::desktop {
 
 /// How finished pictures are exported.
 struct ExportOptions {
-    enum Fit : int { Inside = 0, Fill = 1, Box = 100 };
+    enum Fit { Inside = 0, Fill = 1, Box = 100 };
 
     QString folder;
     QSize size;  ///< Empty: each photo's own size.

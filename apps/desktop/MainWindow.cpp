@@ -14,6 +14,7 @@
 #include "desktop/Autosave.h"
 #include "desktop/ExportDialog.h"
 #include "desktop/ExportProgress.h"
+#include "desktop/Language.h"
 #include "desktop/Player.h"
 #include "desktop/PreferencesDialog.h"
 #include "desktop/ShowDocument.h"
@@ -45,6 +46,7 @@ MainWindow::MainWindow()
       m_thumbnails(new Thumbnails(this)),
       m_view(new SlideView),
       m_count(new QLabel) {
+    useLanguage(m_preferences.language);
     m_view->setModel(&m_document->slides());
     m_view->setItemDelegate(new SlideDelegate(*m_thumbnails, m_view));
     setCentralWidget(m_view);
@@ -92,7 +94,7 @@ void MainWindow::stopPlaying() {
 }
 
 void MainWindow::applyPreferences() {
-    CImageObj::SetLanguageString(m_preferences.languageFile);
+    useLanguage(m_preferences.language);
     m_document->slides().document().SetTextEffectBaseFolder(m_preferences.effectiveAssetsFolder());
     // Texts may look different now.
     m_thumbnails->clear();
@@ -104,21 +106,30 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
     m_thumbnails->setBox((QSizeF(SlideDelegate::kPicture) * devicePixelRatioF()).toSize());
 }
 
+void MainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange) {
+        createActions();
+        updateState();
+    }
+}
+
 void MainWindow::updateState() {
     SlideModel& slides = m_document->slides();
     const QList<int> selected = m_view->selectedRows();
-    for (QAction* action : m_needsSelection) {
+    for (QAction* action : {m_actions.edit, m_actions.remove}) {
         action->setEnabled(!selected.isEmpty());
     }
-    for (QAction* action : m_needsSlides) {
+    for (QAction* action : {m_actions.exporting, m_actions.play, m_actions.selectAll}) {
         action->setEnabled(slides.count() > 0);
     }
-    m_locate->setEnabled(selected.size() == 1 && slides.slide(selected.first())->isMissing());
+    m_actions.locate->setEnabled(selected.size() == 1 &&
+                                 slides.slide(selected.first())->isMissing());
     setWindowTitle(QStringLiteral("%1[*] - Vellora").arg(m_document->displayName()));
     setWindowModified(m_document->isDirty());
     m_count->setText(selected.isEmpty()
-                         ? tr("%n photo(s)", nullptr, slides.count())
-                         : tr("%1 of %2 selected").arg(selected.size()).arg(slides.count()));
+                         ? tr("%Ln photo(s)", nullptr, slides.count())
+                         : tr("%L1 of %L2 selected").arg(selected.size()).arg(slides.count()));
 }
 
 void MainWindow::report(const QString& title, const QString& text, const QStringList& details) {
@@ -220,8 +231,7 @@ void MainWindow::open(const QString& path) {
 void MainWindow::recover(const QString& copy, const QString& show) {
     const QString name = show.isEmpty() ? tr("A show that was never saved")
                                         : tr("The show \"%1\"").arg(QFileInfo(show).fileName());
-    const QString when =
-        QFileInfo(copy).lastModified().toString(QStringLiteral("yyyy-MM-dd hh:mm"));
+    const QString when = QLocale().toString(QFileInfo(copy).lastModified(), QLocale::ShortFormat);
     QMessageBox box(QMessageBox::Question, tr("Recover changes"),
                     tr("%1 has changes of %2 that were not saved.").arg(name, when), {}, this);
     const QPushButton* take = box.addButton(tr("Recover"), QMessageBox::AcceptRole);
@@ -312,7 +322,7 @@ void MainWindow::addFiles(const QStringList& paths, int row) {
     QApplication::restoreOverrideCursor();
     if (!refused.isEmpty()) {
         report(tr("Add photos"),
-               tr("%n file(s) are no readable photos.", nullptr, static_cast<int>(refused.size())),
+               tr("%Ln file(s) are no readable photos.", nullptr, static_cast<int>(refused.size())),
                refused);
     }
 }

@@ -10,6 +10,7 @@
 class QAction;
 class QLabel;
 class QMenu;
+class QToolBar;
 
 namespace vellora::desktop {
 
@@ -38,9 +39,15 @@ protected:
     /// Takes the edit dialog's notifications: the photo's thumbnail is made anew.
     void customEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    /// Speaks another language at once.
+    void changeEvent(QEvent* event) override;
 
 private:
+    /// Makes menus and toolbar, replacing those of another language.
     void createActions();
+    void createFileMenu();
+    void createEditMenu();
+    void createToolBar();
     QAction* action(QMenu* menu, const QString& text, const QKeySequence& key,
                     void (MainWindow::*slot)());
     void fillRecentMenu();
@@ -90,10 +97,13 @@ private:
     bool m_isExporting = false;
     SlideView* m_view;
     QMenu* m_recent = nullptr;
+    QToolBar* m_bar = nullptr;
     QLabel* m_count;
-    QList<QAction*> m_needsSelection;
-    QList<QAction*> m_needsSlides;
-    QAction* m_locate = nullptr;
+    struct {
+        QAction *create, *open, *save, *exporting;
+        QAction *add, *edit, *remove, *locate, *selectAll;
+        QAction* play;
+    } m_actions{};
 };
 
 }  // namespace vellora::desktop

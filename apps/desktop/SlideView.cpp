@@ -22,7 +22,6 @@ SlideView::SlideView(QWidget* parent) : QListView(parent) {
     setMouseTracking(true);
     setFrameShape(QFrame::NoFrame);
     setContextMenuPolicy(Qt::CustomContextMenu);
-    setAccessibleName(tr("Photos of the show"));
 }
 
 QList<int> SlideView::selectedRows() const {

@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include "desktop/Preferences.h"
+
 namespace vellora::desktop {
 
 /// A folder with photos of plain colours, and settings that touch nobody's own.
@@ -17,6 +19,9 @@ struct DesktopTest : testing::Test {
     DesktopTest() {
         QStandardPaths::setTestModeEnabled(true);
         QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)).removeRecursively();
+        Preferences preferences;
+        preferences.language = QStringLiteral("english");
+        preferences.store();
     }
 
     QTemporaryDir folder;
