@@ -39,7 +39,7 @@ ExportDialog::ExportDialog(int slides, QWidget* parent)
       m_quality(new QSpinBox),
       m_numbered(new QCheckBox(tr("Start names with the &place in the show"))) {
     setWindowTitle(tr("Export %Ln photo(s)", nullptr, slides));
-    setMinimumWidth(480);
+    m_folder->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
     m_fit->addItem(tr("Picture as large as fits"), ExportOptions::Box);
     m_fit->addItem(tr("Exactly this size, photo fitted inside"), ExportOptions::Inside);
     m_fit->addItem(tr("Exactly this size, filled by the photo"), ExportOptions::Fill);

@@ -26,7 +26,7 @@ ExportProgress::ExportProgress(CImageObj& document, std::vector<SlidePtr> slides
       m_rate(new QLabel),
       m_button(new QPushButton(tr("Cancel"))) {
     setWindowTitle(tr("Export"));
-    setMinimumWidth(460);
+    m_bar->setMinimumWidth(fontMetrics().averageCharWidth() * 60);
     m_bar->setRange(0, static_cast<int>(slides.size()));
     m_caption->setTextFormat(Qt::PlainText);
     auto* layout = new QVBoxLayout(this);

@@ -40,7 +40,7 @@ PreferencesDialog::PreferencesDialog(const Preferences& preferences, QWidget* pa
       m_choice(preferences.language),
       m_colour(preferences.background) {
     setWindowTitle(tr("Preferences"));
-    setMinimumWidth(fontMetrics().averageCharWidth() * 80);
+    m_assets->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
     fillLanguages(m_choice);
     connect(m_language, &QComboBox::activated, this, &PreferencesDialog::languageActivated);
     connect(m_background, &QPushButton::clicked, this, &PreferencesDialog::chooseBackground);

@@ -123,12 +123,10 @@ void takeAll(Shots& shots, const QDir& photos) {
         ExportDialog dialog(window.document().slides().count(), &window);
         dialog.exec();
     });
-    shots.takeDialog("summary", [&] {
-        ExportProgress dialog(window.document().slides().document(),
-                              window.document().slides().slides(), options, &window);
-        wait(kThumbnailPause);
-        dialog.exec();
-    });
+    ExportProgress progress(window.document().slides().document(),
+                            window.document().slides().slides(), options, &window);
+    wait(kThumbnailPause);
+    shots.takeDialog("summary", [&] { progress.exec(); });
     QTimer::singleShot(2 * kDialogPause, [] {
         if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
             box->button(QMessageBox::Discard)->click();
