@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QStatusBar>
+#include <QWindow>
 
 #include <vellora/host/HostMessage.h>
 
@@ -35,6 +36,11 @@ QStringList localPaths(const QList<QUrl>& urls) {
         }
     }
     return paths;
+}
+
+/// "Undo: Remove photos"
+QString withSubject(const QString& command, const QString& subject) {
+    return subject.isEmpty() ? command : QStringLiteral("%1: %2").arg(command, subject);
 }
 
 }  // namespace
@@ -72,14 +78,16 @@ MainWindow::MainWindow()
     });
     connect(&slides, &SlideModel::filesDropped, this,
             [this](const QList<QUrl>& urls, int row) { addFiles(localPaths(urls), row); });
+    connect(&slides.history(), &QUndoStack::indexChanged, this, &MainWindow::updateState);
     connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &MainWindow::updateState);
-    connect(m_view, &QListView::doubleClicked, this, &MainWindow::editSelected);
+    connect(m_view, &QListView::doubleClicked, this, &MainWindow::activateSlide);
     connect(m_view, &QWidget::customContextMenuRequested, this, &MainWindow::showContextMenu);
     connect(m_thumbnails, &Thumbnails::updated, this,
             [&slides](quint64 id) { slides.refresh(slides.rowOf(id)); });
     applyPreferences();
     updateState();
+    m_view->setFocus();
 }
 
 MainWindow::~MainWindow() {
@@ -103,6 +111,16 @@ void MainWindow::applyPreferences() {
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
+    sizeThumbnails();
+}
+
+void MainWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    connect(windowHandle(), &QWindow::screenChanged, this, &MainWindow::sizeThumbnails,
+            Qt::UniqueConnection);
+}
+
+void MainWindow::sizeThumbnails() {
     m_thumbnails->setBox((QSizeF(SlideDelegate::kPicture) * devicePixelRatioF()).toSize());
 }
 
@@ -117,6 +135,13 @@ void MainWindow::changeEvent(QEvent* event) {
 void MainWindow::updateState() {
     SlideModel& slides = m_document->slides();
     const QList<int> selected = m_view->selectedRows();
+    const QUndoStack& history = slides.history();
+    m_actions.undo->setEnabled(history.canUndo());
+    m_actions.undo->setText(withSubject(tr("&Undo"), history.undoText()));
+    m_actions.redo->setEnabled(history.canRedo());
+    m_actions.redo->setText(withSubject(tr("Re&do"), history.redoText()));
+    m_actions.back->setEnabled(!selected.isEmpty() && selected.first() > 0);
+    m_actions.forward->setEnabled(!selected.isEmpty() && selected.last() + 1 < slides.count());
     for (QAction* action : {m_actions.edit, m_actions.remove}) {
         action->setEnabled(!selected.isEmpty());
     }
@@ -125,7 +150,10 @@ void MainWindow::updateState() {
     }
     m_actions.locate->setEnabled(selected.size() == 1 &&
                                  slides.slide(selected.first())->isMissing());
-    setWindowTitle(QStringLiteral("%1[*] - Vellora").arg(m_document->displayName()));
+    // Of several places for the mark of changes the doubled ones stand for themselves.
+    const QString name =
+        m_document->displayName().replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+    setWindowTitle(QStringLiteral("%1[*] - Vellora").arg(name));
     setWindowModified(m_document->isDirty());
     m_count->setText(selected.isEmpty()
                          ? tr("%Ln photo(s)", nullptr, slides.count())
@@ -187,117 +215,6 @@ void MainWindow::newShow() {
     }
 }
 
-void MainWindow::openDialog() {
-    const QString path = QFileDialog::getOpenFileName(
-        this, tr("Open a show"), QFileInfo(m_document->path()).path(), tr("Slideshows (*.vshow)"));
-    if (!path.isEmpty()) {
-        open(path);
-    }
-}
-
-void MainWindow::open(const QString& path) {
-    if (!mayLeaveShow()) {
-        return;
-    }
-    stopPlaying();
-    QStringList problems;
-    switch (paused([&] { return m_document->open(path, &problems); })) {
-        case ShowDocument::OpenResult::Failed:
-            report(tr("Open a show"),
-                   tr("\"%1\" cannot be opened.").arg(QFileInfo(path).fileName()), problems);
-            return;
-        case ShowDocument::OpenResult::LockedByOther:
-            if (QMessageBox::question(this, tr("Open a show"),
-                                      tr("Another window works on this show. Open a copy?")) ==
-                    QMessageBox::Yes &&
-                !paused([&] { return m_document->import(path, {}, &problems); })) {
-                report(tr("Open a show"),
-                       tr("\"%1\" cannot be opened.").arg(QFileInfo(path).fileName()), problems);
-            }
-            return;
-        case ShowDocument::OpenResult::Opened:
-            break;
-    }
-    rememberShow(m_document->path());
-    if (!problems.isEmpty()) {
-        report(tr("Open a show"), tr("Some of the show could not be read."), problems);
-    }
-    const QString copy = Autosave::newerCopyOf(m_document->path());
-    if (!copy.isEmpty()) {
-        recover(copy, m_document->path());
-    }
-}
-
-void MainWindow::recover(const QString& copy, const QString& show) {
-    const QString name = show.isEmpty() ? tr("A show that was never saved")
-                                        : tr("The show \"%1\"").arg(QFileInfo(show).fileName());
-    const QString when = QLocale().toString(QFileInfo(copy).lastModified(), QLocale::ShortFormat);
-    QMessageBox box(QMessageBox::Question, tr("Recover changes"),
-                    tr("%1 has changes of %2 that were not saved.").arg(name, when), {}, this);
-    const QPushButton* take = box.addButton(tr("Recover"), QMessageBox::AcceptRole);
-    const QPushButton* drop = box.addButton(tr("Delete changes"), QMessageBox::DestructiveRole);
-    box.addButton(tr("Later"), QMessageBox::RejectRole);
-    box.exec();
-    QStringList problems;
-    if (box.clickedButton() == reinterpret_cast<const QAbstractButton*>(take)) {
-        stopPlaying();
-        if (paused([&] { return m_document->import(copy, show, &problems); })) {
-            Autosave::remove(copy);
-            autosave();
-        } else {
-            report(tr("Recover changes"), tr("The changes cannot be read."), problems);
-        }
-    } else if (box.clickedButton() == reinterpret_cast<const QAbstractButton*>(drop)) {
-        Autosave::remove(copy);
-    }
-}
-
-void MainWindow::offerOrphans() {
-    for (const QString& copy : Autosave::orphans()) {
-        if (m_document->slides().count() == 0) {
-            recover(copy, {});
-        }
-    }
-}
-
-bool MainWindow::saveTo(const QString& path) {
-    QString error;
-    {
-        const RenderQueue::Pause pause(m_thumbnails->queue());
-        if (m_document->save(path, &error)) {
-            m_autosave->discard();
-            rememberShow(m_document->path());
-            return true;
-        }
-    }
-    report(tr("Save"), tr("The show could not be saved. What was on disk is unchanged."), {error});
-    return false;
-}
-
-bool MainWindow::save() {
-    return m_document->path().isEmpty() ? saveAs() : saveTo(m_document->path());
-}
-
-bool MainWindow::saveAs() {
-    QString path = QFileDialog::getSaveFileName(this, tr("Save the show"), m_document->path(),
-                                                tr("Slideshows (*.vshow)"));
-    if (path.isEmpty()) {
-        return false;
-    }
-    if (!hostkit::isShowFile(path)) {
-        path += QStringLiteral(".vshow");
-    }
-    return saveTo(path);
-}
-
-void MainWindow::saveAction() {
-    save();
-}
-
-void MainWindow::saveAsAction() {
-    saveAs();
-}
-
 void MainWindow::openPaths(const QStringList& paths) {
     if (paths.size() == 1 && hostkit::isShowFile(paths.first())) {
         open(paths.first());
@@ -328,7 +245,32 @@ void MainWindow::addFiles(const QStringList& paths, int row) {
 }
 
 void MainWindow::removeSelected() {
-    m_document->slides().remove(m_view->selectedRows());
+    const QList<int> rows = m_view->selectedRows();
+    m_document->slides().remove(rows);
+    // So that Delete can be pressed again.
+    if (const int left = m_document->slides().count(); !rows.isEmpty() && left > 0) {
+        m_view->setCurrentIndex(m_document->slides().index(std::min(rows.first(), left - 1)));
+    }
+}
+
+void MainWindow::undo() {
+    m_document->slides().history().undo();
+}
+
+void MainWindow::redo() {
+    m_document->slides().history().redo();
+}
+
+void MainWindow::moveBack() {
+    if (const QList<int> rows = m_view->selectedRows(); !rows.isEmpty()) {
+        m_document->slides().moveTo(rows, rows.first() - 1);
+    }
+}
+
+void MainWindow::moveForward() {
+    if (const QList<int> rows = m_view->selectedRows(); !rows.isEmpty()) {
+        m_document->slides().moveTo(rows, rows.last() + 2);
+    }
 }
 
 void MainWindow::locateSelected() {
@@ -337,12 +279,37 @@ void MainWindow::locateSelected() {
         return;
     }
     const SlidePtr slide = m_document->slides().slide(rows.first());
+    const QString before = slide->path();
     const QString path = QFileDialog::getOpenFileName(
-        this, tr("Locate %1").arg(QFileInfo(slide->path()).fileName()));
-    if (!path.isEmpty()) {
-        const RenderQueue::Pause pause(m_thumbnails->queue());
-        m_document->slides().relocate(rows.first(), path);
+        this, tr("Locate %1").arg(QFileInfo(before).fileName()), QFileInfo(before).path());
+    if (path.isEmpty()) {
+        return;
+    }
+    relocate({{slide, path}});
+    const std::vector<Relocation> others = foundBeside(m_document->slides().slides(), before, path);
+    if (!others.empty() &&
+        QMessageBox::question(this, tr("Locate missing photo"),
+                              tr("%Ln other missing photo(s) are there, too. Use them as well?",
+                                 nullptr, static_cast<int>(others.size()))) == QMessageBox::Yes) {
+        relocate(others);
+    }
+}
+
+void MainWindow::relocate(const std::vector<Relocation>& found) {
+    const RenderQueue::Pause pause(m_thumbnails->queue());
+    for (const auto& [slide, path] : found) {
+        m_document->slides().relocate(m_document->slides().rowOf(slide->id()), path);
         m_thumbnails->invalidate(slide->id());
+    }
+    updateState();
+}
+
+void MainWindow::activateSlide(const QModelIndex& index) {
+    const SlidePtr slide = m_document->slides().slide(index.row());
+    if (slide != nullptr && slide->isMissing()) {
+        locateSelected();
+    } else {
+        editSelected();
     }
 }
 

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "desktop/Preferences.h"
+#include "desktop/Relocation.h"
 #include "desktop/RenderQueue.h"
 #include "desktop/Thumbnails.h"
 
@@ -39,6 +40,7 @@ protected:
     /// Takes the edit dialog's notifications: the photo's thumbnail is made anew.
     void customEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     /// Speaks another language at once.
     void changeEvent(QEvent* event) override;
 
@@ -54,6 +56,8 @@ private:
     void showContextMenu(QPoint point);
     void updateState();
     void applyPreferences();
+    /// Thumbnails have the pixels of the screen that the window is on.
+    void sizeThumbnails();
     void report(const QString& title, const QString& text, const QStringList& details);
 
     void autosave();
@@ -82,6 +86,14 @@ private:
     void addPhotos();
     void addFiles(const QStringList& paths, int row);
     void removeSelected();
+    void undo();
+    void redo();
+    /// Move the selected photos by one place.
+    void moveBack();
+    void moveForward();
+    /// Edits a photo, or asks where it is.
+    void activateSlide(const QModelIndex& index);
+    void relocate(const std::vector<Relocation>& found);
     void locateSelected();
     void editSelected();
     void exportShow();
@@ -101,6 +113,7 @@ private:
     QLabel* m_count;
     struct {
         QAction *create, *open, *save, *exporting;
+        QAction *undo, *redo, *back, *forward;
         QAction *add, *edit, *remove, *locate, *selectAll;
         QAction* play;
     } m_actions{};

@@ -51,28 +51,35 @@ void MainWindow::createFileMenu() {
     m_recent->setToolTipsVisible(true);
     connect(m_recent, &QMenu::aboutToShow, this, &MainWindow::fillRecentMenu);
     m_actions.save = action(file, tr("&Save"), QKeySequence::Save, &MainWindow::saveAction);
-    action(file, tr("Save &as..."), QKeySequence::SaveAs, &MainWindow::saveAsAction);
+    action(file, tr("Save &as..."), Qt::CTRL | Qt::SHIFT | Qt::Key_S, &MainWindow::saveAsAction);
     file->addSeparator();
     m_actions.exporting =
         action(file, tr("&Export pictures..."), Qt::CTRL | Qt::Key_E, &MainWindow::exportShow);
     file->addSeparator();
-    file->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
+    file->addAction(tr("&Quit"), Qt::CTRL | Qt::Key_Q, this, &QWidget::close);
 }
 
 void MainWindow::createEditMenu() {
     QMenu* edit = menuBar()->addMenu(tr("&Edit"));
+    m_actions.undo = action(edit, tr("&Undo"), QKeySequence::Undo, &MainWindow::undo);
+    m_actions.redo = action(edit, tr("Re&do"), QKeySequence::Redo, &MainWindow::redo);
+    edit->addSeparator();
     m_actions.add =
         action(edit, tr("&Add photos..."), Qt::CTRL | Qt::Key_I, &MainWindow::addPhotos);
-    m_actions.edit = action(edit, tr("&Edit photo..."), Qt::Key_Return, &MainWindow::editSelected);
+    m_actions.edit = action(edit, tr("&Edit photo..."), {}, &MainWindow::editSelected);
+    m_actions.edit->setShortcuts({Qt::Key_Return, Qt::Key_Enter});
     m_actions.remove =
         action(edit, tr("&Remove from show"), QKeySequence::Delete, &MainWindow::removeSelected);
     m_actions.locate =
         action(edit, tr("&Locate missing photo..."), {}, &MainWindow::locateSelected);
+    m_actions.back = action(edit, tr("Move &back"), Qt::ALT | Qt::Key_Left, &MainWindow::moveBack);
+    m_actions.forward =
+        action(edit, tr("Move &forward"), Qt::ALT | Qt::Key_Right, &MainWindow::moveForward);
     edit->addSeparator();
     m_actions.selectAll = edit->addAction(tr("&Select all"), QKeySequence::SelectAll, m_view,
                                           &QAbstractItemView::selectAll);
     edit->addSeparator();
-    action(edit, tr("&Preferences..."), QKeySequence::Preferences, &MainWindow::editPreferences);
+    action(edit, tr("&Preferences..."), Qt::CTRL | Qt::Key_Comma, &MainWindow::editPreferences);
 }
 
 void MainWindow::createToolBar() {
@@ -109,7 +116,8 @@ void MainWindow::fillRecentMenu() {
 
 void MainWindow::showContextMenu(QPoint point) {
     QMenu menu(this);
-    menu.addActions({m_actions.edit, m_actions.remove, m_actions.locate});
+    menu.addActions(
+        {m_actions.edit, m_actions.remove, m_actions.locate, m_actions.back, m_actions.forward});
     menu.exec(m_view->viewport()->mapToGlobal(point));
 }
 

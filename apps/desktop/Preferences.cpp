@@ -43,7 +43,8 @@ QStringList recentShows() {
 }
 
 void rememberShow(const QString& path) {
-    QStringList shows = recentShows();
+    // With those that are not there at the moment: their disk may come back.
+    QStringList shows = QSettings().value(kRecentKey).toStringList();
     shows.removeAll(path);
     shows.prepend(path);
     QSettings().setValue(kRecentKey, QStringList(shows.mid(0, kRecentShows)));

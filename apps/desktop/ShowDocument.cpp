@@ -76,6 +76,7 @@ bool ShowDocument::load(const QString& source, QStringList* problems) {
     }
     m_slides.clear();
     m_slides.insert(0, show->photos);
+    m_slides.history().clear();
     const QString problem = hostkit::loadEdits(*show, m_slides.document());
     if (!problem.isEmpty()) {
         problems->append(tr("The edits cannot be read: %1: %2")

@@ -57,7 +57,19 @@
     </message>
     <message>
         <source>cannot write %1</source>
-        <translation>%1 kann nicht geschrieben werden</translation>
+        <translation>%1 kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>there is no folder %1</source>
+        <translation>Den Ordner %1 gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>the folder %1 is read-only</source>
+        <translation>In den Ordner %1 kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>the disk is full</source>
+        <translation>Der Datenträger ist voll.</translation>
     </message>
 </context>
 <context>
@@ -418,7 +430,7 @@
     </message>
     <message>
         <source>&amp;Preferences...</source>
-        <translation>E&amp;instellungen...</translation>
+        <translation>Einste&amp;llungen...</translation>
     </message>
     <message>
         <source>Tools</source>
@@ -451,6 +463,37 @@
     <message>
         <source>No shows yet</source>
         <translation>Noch keine Diashows</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>Re&amp;do</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>Locate missing photo</source>
+        <translation>Fehlendes Foto suchen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln other missing photo(s) are there, too. Use them as well?</source>
+        <translation>
+            <numerusform>Dort liegt auch %Ln weiteres fehlendes Foto. Dieses ebenfalls verwenden?</numerusform>
+            <numerusform>Dort liegen auch %Ln weitere fehlende Fotos. Diese ebenfalls verwenden?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Save as...</source>
+        <translation>Speichern unter...</translation>
+    </message>
+    <message>
+        <source>Move &amp;back</source>
+        <translation>Nach &amp;vorn verschieben</translation>
+    </message>
+    <message>
+        <source>Move &amp;forward</source>
+        <translation>Nach h&amp;inten verschieben</translation>
     </message>
 </context>
 <context>
@@ -537,14 +580,14 @@
 <context>
     <name>vellora::desktop::SlideDelegate</name>
     <message>
-        <source>Photo missing
-Right-click to locate it</source>
-        <translation>Foto fehlt
-Suchen: rechte Maustaste</translation>
-    </message>
-    <message>
         <source>Not a readable photo</source>
         <translation>Kein lesbares Foto</translation>
+    </message>
+    <message>
+        <source>Photo missing
+Double-click to locate it</source>
+        <translation>Foto fehlt
+Doppelklicken, um es zu suchen</translation>
     </message>
 </context>
 <context>
@@ -554,6 +597,18 @@ Suchen: rechte Maustaste</translation>
 This file is missing. Its edits are kept.</source>
         <translation>
 Diese Datei fehlt. Die Bearbeitungen bleiben erhalten.</translation>
+    </message>
+    <message>
+        <source>Add photos</source>
+        <translation>Fotos hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove photos</source>
+        <translation>Fotos entfernen</translation>
+    </message>
+    <message>
+        <source>Move photos</source>
+        <translation>Fotos verschieben</translation>
     </message>
 </context>
 <context>

@@ -51,5 +51,12 @@
             <numerusform>%Ln files are no readable photos.</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln other missing photo(s) are there, too. Use them as well?</source>
+        <translation>
+            <numerusform>%Ln other missing photo is there, too. Use it as well?</numerusform>
+            <numerusform>%Ln other missing photos are there, too. Use them as well?</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>
