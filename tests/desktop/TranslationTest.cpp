@@ -1,5 +1,7 @@
+#include <QAbstractButton>
 #include <QAction>
 #include <QFile>
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QProcess>
@@ -187,6 +189,31 @@ TEST_F(TranslationTest, KeysAreUnique) {
         expectUnique(titles);
         shortcuts.removeAll(QString());
         EXPECT_EQ(shortcuts.removeDuplicates(), 0) << language;
+    }
+}
+
+TEST_F(TranslationTest, KeysOfDialogsAreUnique) {
+    for (const char* language : {"english", "german"}) {
+        useLanguage(QString::fromLatin1(language));
+        PreferencesDialog preferences({}, nullptr);
+        ExportDialog exporting(3, nullptr);
+        for (const QDialog* dialog :
+             {static_cast<QDialog*>(&preferences), static_cast<QDialog*>(&exporting)}) {
+            QStringList texts;
+            for (const QLabel* label : dialog->findChildren<QLabel*>()) {
+                if (label->text().contains(u'&')) {
+                    EXPECT_NE(label->buddy(), nullptr) << qPrintable(label->text());
+                    texts.append(label->text());
+                }
+            }
+            for (const QAbstractButton* button : dialog->findChildren<QAbstractButton*>()) {
+                if (button->text().contains(u'&')) {
+                    texts.append(button->text());
+                }
+            }
+            EXPECT_GE(texts.size(), 4) << language;
+            expectUnique(texts);
+        }
     }
 }
 

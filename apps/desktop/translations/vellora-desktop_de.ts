@@ -107,7 +107,7 @@
     <name>vellora::desktop::ExportDialog</name>
     <message>
         <source>&amp;Each photo&apos;s own size</source>
-        <translation>&amp;Originalgröße jedes Fotos</translation>
+        <translation>O&amp;riginalgröße jedes Fotos</translation>
     </message>
     <message>
         <source>Width in pixels</source>
