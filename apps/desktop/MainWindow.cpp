@@ -235,8 +235,16 @@ void MainWindow::addFiles(const QStringList& paths, int row) {
         return;
     }
     QApplication::setOverrideCursor(Qt::WaitCursor);
+    SlideModel& slides = m_document->slides();
+    const int before = slides.count();
     const QStringList refused = m_document->addFiles(paths, row, m_preferences.background);
     QApplication::restoreOverrideCursor();
+    if (const int added = slides.count() - before; added > 0) {
+        const QModelIndex first = slides.index(std::clamp(row, 0, before));
+        m_view->setCurrentIndex(first);
+        m_view->selectionModel()->select({first, slides.index(first.row() + added - 1)},
+                                         QItemSelectionModel::ClearAndSelect);
+    }
     if (!refused.isEmpty()) {
         report(tr("Add photos"),
                tr("%Ln file(s) are no readable photos.", nullptr, static_cast<int>(refused.size())),

@@ -10,6 +10,7 @@
 #include "desktop/Autosave.h"
 #include "desktop/MainWindow.h"
 #include "desktop/ShowDocument.h"
+#include "desktop/SlideView.h"
 
 namespace vellora::desktop {
 
@@ -45,6 +46,9 @@ void MainWindow::open(const QString& path) {
             break;
     }
     rememberShow(m_document->path());
+    // For the keyboard; nothing is selected.
+    m_view->selectionModel()->setCurrentIndex(m_document->slides().index(0),
+                                              QItemSelectionModel::NoUpdate);
     if (!problems.isEmpty()) {
         report(tr("Open a show"), tr("Some of the show could not be read."), problems);
     }

@@ -139,7 +139,8 @@ TEST_F(UserTest, TheKeyboardSuffices) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     EXPECT_TRUE(window.view().hasFocus());
     SlideModel& slides = window.document().slides();
-    window.view().setCurrentIndex(slides.index(1));
+    EXPECT_EQ(window.view().selectedRows().size(), 5) << "what was added is selected";
+    QTest::keyClick(&window.view(), Qt::Key_Right);
     QTest::keyClick(&window.view(), Qt::Key_Right, Qt::AltModifier);
     EXPECT_EQ(orderOf(slides), u"02134");
     EXPECT_EQ(window.view().selectedRows(), QList<int>{2});
@@ -263,6 +264,7 @@ TEST_F(UserTest, ADragShowsWhereItGoes) {
         }
         return false;
     };
+    window.view().clearSelection();
     EXPECT_FALSE(hasMark());
     QDragEnterEvent enter(at, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(wall, &enter);
@@ -272,6 +274,7 @@ TEST_F(UserTest, ADragShowsWhereItGoes) {
     EXPECT_TRUE(hasMark());
     QDropEvent drop(at, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(wall, &drop);
+    window.view().clearSelection();
     EXPECT_FALSE(hasMark());
     EXPECT_EQ(orderOf(window.document().slides()), u"0012");
 }
