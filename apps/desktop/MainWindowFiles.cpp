@@ -6,6 +6,7 @@
 #include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSysInfo>
 
 #include "desktop/Autosave.h"
 #include "desktop/MainWindow.h"
@@ -13,6 +14,20 @@
 #include "desktop/SlideView.h"
 
 namespace vellora::desktop {
+namespace {
+
+/// Tells who works on a show, and asks whether a copy is wanted.
+QString lockedText(const QString& show) {
+    const QString computer = ShowDocument::lockingComputer(show);
+    return computer.isEmpty() || computer == QSysInfo::machineHostName()
+               ? MainWindow::tr("Another window works on this show. Open a copy?")
+               : MainWindow::tr(
+                     "The show is open on the computer \"%1\", or was when that "
+                     "stopped. Open a copy?")
+                     .arg(computer);
+}
+
+}  // namespace
 
 void MainWindow::openDialog() {
     const QString path = QFileDialog::getOpenFileName(
@@ -34,8 +49,7 @@ void MainWindow::open(const QString& path) {
                    tr("\"%1\" cannot be opened.").arg(QFileInfo(path).fileName()), problems);
             return;
         case ShowDocument::OpenResult::LockedByOther:
-            if (QMessageBox::question(this, tr("Open a show"),
-                                      tr("Another window works on this show. Open a copy?")) ==
+            if (QMessageBox::question(this, tr("Open a show"), lockedText(path)) ==
                     QMessageBox::Yes &&
                 !paused([&] { return m_document->import(path, {}, &problems); })) {
                 report(tr("Open a show"),
@@ -122,6 +136,14 @@ bool MainWindow::saveAs() {
     }
     if (!hostkit::isShowFile(path)) {
         path += QStringLiteral(".vshow");
+        // The file dialog has asked for the name without the ending.
+        if (QFileInfo::exists(path) &&
+            QMessageBox::question(
+                this, tr("Save the show"),
+                tr("\"%1\" exists already. Replace it?").arg(QFileInfo(path).fileName())) !=
+                QMessageBox::Yes) {
+            return false;
+        }
     }
     return saveTo(path);
 }

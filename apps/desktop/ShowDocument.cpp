@@ -60,6 +60,14 @@ bool ShowDocument::lock(const QString& path) {
     return true;
 }
 
+QString ShowDocument::lockingComputer(const QString& show) {
+    qint64 process = 0;
+    QString computer;
+    QString program;
+    QLockFile(lockPath(show)).getLockInfo(&process, &computer, &program);
+    return computer;
+}
+
 void ShowDocument::startNew() {
     m_slides.clear();
     m_unknown = {};

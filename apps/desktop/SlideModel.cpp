@@ -223,6 +223,7 @@ QVariant SlideModel::data(const QModelIndex& index, int role) const {
         case Qt::DisplayRole:
         case Qt::AccessibleTextRole:
             return found->caption();
+        case Qt::AccessibleDescriptionRole:
         case Qt::ToolTipRole:
             return QDir::toNativeSeparators(found->path()) +
                    (found->isMissing() ? tr("\nThis file is missing. Its edits are kept.")

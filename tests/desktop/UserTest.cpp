@@ -1,6 +1,7 @@
 // The desktop program as a user meets it: keys, mistakes taken back, disks that fail.
 
 #include <QDropEvent>
+#include <QFileDialog>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
@@ -222,6 +223,56 @@ TEST_F(UserTest, ASaveThatFailsSaysWhyAndOffersAnotherPlace) {
         << qPrintable(information);
     EXPECT_TRUE(window.isWindowModified());
     window.document().startNew();
+}
+
+TEST_F(UserTest, ANameWithoutEndingReplacesNothingUnasked) {
+    MainWindow window;
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    window.openPaths(photos(1));
+    const QString other = folder.filePath(QStringLiteral("other.vshow"));
+    QFile file(other);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("precious");
+    file.close();
+    bool asked = false;
+    QTimer::singleShot(0, [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        QTimer::singleShot(0, [&asked] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            asked = true;
+            box->button(QMessageBox::No)->click();
+        });
+        dialog->selectFile(other.chopped(6));
+        static_cast<QDialog*>(dialog)->accept();
+    });
+    QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_TRUE(asked);
+    EXPECT_TRUE(window.isWindowModified());
+    EXPECT_EQ(QFileInfo(other).size(), 8);
+    window.document().startNew();
+}
+
+TEST_F(UserTest, AShowLockedByAnotherComputerNamesIt) {
+    const QString path = folder.filePath(QStringLiteral("trip.vshow"));
+    QString error;
+    {
+        ShowDocument document;
+        document.addFiles(photos(1), 0, 0);
+        ASSERT_TRUE(document.save(path, &error));
+    }
+    EXPECT_EQ(ShowDocument::lockingComputer(path), QString());
+    QFile lock(folder.filePath(QStringLiteral(".trip.vshow.lock")));
+    ASSERT_TRUE(lock.open(QIODevice::WriteOnly));
+    lock.write("12345\nvellora-desktop\nelsewhere\n\n\n");
+    lock.close();
+    ShowDocument document;
+    QStringList problems;
+    EXPECT_EQ(document.open(path, &problems), ShowDocument::OpenResult::LockedByOther);
+    EXPECT_EQ(ShowDocument::lockingComputer(path), u"elsewhere");
 }
 
 TEST_F(UserTest, ShowsOfADiskThatIsAwayAreRemembered) {

@@ -495,6 +495,14 @@
         <source>Move &amp;forward</source>
         <translation>Nach h&amp;inten verschieben</translation>
     </message>
+    <message>
+        <source>The show is open on the computer &quot;%1&quot;, or was when that stopped. Open a copy?</source>
+        <translation>Diese Diashow ist auf dem Computer „%1“ geöffnet, oder war es, als er ausfiel. Eine Kopie öffnen?</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; exists already. Replace it?</source>
+        <translation>„%1“ ist bereits vorhanden. Ersetzen?</translation>
+    </message>
 </context>
 <context>
     <name>vellora::desktop::Player</name>
