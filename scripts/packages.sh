@@ -8,6 +8,7 @@ packages="
     clang-format clang-tidy
     libopencv-core-dev libopencv-imgproc-dev
     qt6-base-dev libqt6svg6-dev qt6-image-formats-plugins
+    qt6-l10n-tools qt6-translations-l10n
     libjpeg62-turbo-dev libpugixml-dev libsimpleini-dev libcli11-dev
     libgtest-dev libbenchmark-dev
     fonts-dejavu-core fonts-liberation

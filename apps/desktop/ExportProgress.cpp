@@ -26,7 +26,7 @@ ExportProgress::ExportProgress(ExportJob& job, QWidget* parent)
       m_button(new QPushButton(tr("Cancel"))),
       m_job(job) {
     setWindowTitle(tr("Export"));
-    setMinimumWidth(460);
+    m_bar->setMinimumWidth(fontMetrics().averageCharWidth() * 60);
     m_bar->setRange(0, job.count());
     m_caption->setTextFormat(Qt::PlainText);
     auto* layout = new QVBoxLayout(this);
@@ -53,11 +53,11 @@ void ExportProgress::reject() {
 
 void ExportProgress::showStep(int done, const QString& caption) {
     m_bar->setValue(done);
-    m_caption->setText(tr("%1 of %2: %3").arg(done).arg(m_bar->maximum()).arg(caption));
+    m_caption->setText(tr("%L1 of %L2: %3").arg(done).arg(m_bar->maximum()).arg(caption));
     if (m_button->isEnabled()) {
         const qint64 each = m_clock.elapsed() / done;
         m_rate->setText(
-            tr("%1 photos a minute, %2")
+            tr("%L1 photos a minute, %2")
                 .arg(60000.0 / static_cast<double>(std::max<qint64>(each, 1)), 0, 'f', 0)
                 .arg(timeLeft(each * (m_bar->maximum() - done))));
     }
@@ -66,11 +66,11 @@ void ExportProgress::showStep(int done, const QString& caption) {
 void ExportProgress::showSummary(int exported, const QStringList& failures, bool cancelled) {
     m_running = false;
     m_bar->setValue(exported + static_cast<int>(failures.size()));
-    m_caption->setText(cancelled ? tr("Cancelled after %n picture(s).", nullptr, exported)
-                                 : tr("%n picture(s) exported.", nullptr, exported));
+    m_caption->setText(cancelled ? tr("Cancelled after %Ln picture(s).", nullptr, exported)
+                                 : tr("%Ln picture(s) exported.", nullptr, exported));
     m_rate->setVisible(!failures.isEmpty());
     m_rate->setText(
-        tr("%n photo(s) could not be exported:", nullptr, static_cast<int>(failures.size())));
+        tr("%Ln photo(s) could not be exported:", nullptr, static_cast<int>(failures.size())));
     if (!failures.isEmpty()) {
         auto* list = new QPlainTextEdit(failures.join(QLatin1Char('\n')));
         list->setReadOnly(true);

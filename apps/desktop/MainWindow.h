@@ -4,12 +4,14 @@
 #include <optional>
 
 #include "desktop/Preferences.h"
+#include "desktop/Relocation.h"
 #include "desktop/RenderQueue.h"
 #include "desktop/Thumbnails.h"
 
 class QAction;
 class QLabel;
 class QMenu;
+class QToolBar;
 
 namespace vellora::desktop {
 
@@ -38,9 +40,16 @@ protected:
     /// Takes the edit dialog's notifications: the photo's thumbnail is made anew.
     void customEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    /// Speaks another language at once.
+    void changeEvent(QEvent* event) override;
 
 private:
+    /// Makes menus and toolbar, replacing those of another language.
     void createActions();
+    void createFileMenu();
+    void createEditMenu();
+    void createToolBar();
     QAction* action(QMenu* menu, const QString& text, const QKeySequence& key,
                     void (MainWindow::*slot)());
     void fillRecentMenu();
@@ -49,6 +58,8 @@ private:
     void applyPreferences();
     /// No thumbnail is made any more for slides that were scrolled away.
     void forgetUnseen();
+    /// Thumbnails have the pixels of the screen that the window is on.
+    void sizeThumbnails();
     void report(const QString& title, const QString& text, const QStringList& details);
 
     void autosave();
@@ -77,6 +88,14 @@ private:
     void addPhotos();
     void addFiles(const QStringList& paths, int row);
     void removeSelected();
+    void undo();
+    void redo();
+    /// Move the selected photos by one place.
+    void moveBack();
+    void moveForward();
+    /// Edits a photo, or asks where it is.
+    void activateSlide(const QModelIndex& index);
+    void relocate(const std::vector<Relocation>& found);
     void locateSelected();
     void editSelected();
     void exportShow();
@@ -91,10 +110,14 @@ private:
     std::optional<RenderQueue::Pause> m_pause;
     SlideView* m_view;
     QMenu* m_recent = nullptr;
+    QToolBar* m_bar = nullptr;
     QLabel* m_count;
-    QList<QAction*> m_needsSelection;
-    QList<QAction*> m_needsSlides;
-    QAction* m_locate = nullptr;
+    struct {
+        QAction *create, *open, *save, *exporting;
+        QAction *undo, *redo, *back, *forward;
+        QAction *add, *edit, *remove, *locate, *selectAll;
+        QAction* play;
+    } m_actions{};
 };
 
 }  // namespace vellora::desktop

@@ -71,6 +71,14 @@ bool ShowDocument::lock(const QString& path) {
     return true;
 }
 
+QString ShowDocument::lockingComputer(const QString& show) {
+    qint64 process = 0;
+    QString computer;
+    QString program;
+    QLockFile(lockPath(show)).getLockInfo(&process, &computer, &program);
+    return computer;
+}
+
 void ShowDocument::startNew() {
     m_slides.clear();
     m_unknown = {};
@@ -87,6 +95,7 @@ bool ShowDocument::load(const QString& source, QStringList* problems) {
     }
     m_slides.clear();
     m_slides.insert(0, show->photos);
+    m_slides.history().clear();
     const QString problem = hostkit::loadEdits(*show, m_slides.document());
     if (!problem.isEmpty()) {
         problems->append(tr("The edits cannot be read: %1: %2")

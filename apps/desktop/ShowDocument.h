@@ -34,6 +34,8 @@ public:
     /// Opens a show. On failure the present show stays.
     /// @param problems  Receives what was left out, or the reason of the failure.
     OpenResult open(const QString& path, QStringList* problems);
+    /// The computer whose program has locked a show; empty when that cannot be told.
+    static QString lockingComputer(const QString& show);
     /// Reads a show's contents without taking its name: an automatic copy, or the show of another
     /// window. The result counts as changed.
     bool import(const QString& source, const QString& path, QStringList* problems);

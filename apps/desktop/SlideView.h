@@ -23,11 +23,18 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
 private:
     /// The row before which something dropped at a point goes.
     [[nodiscard]] int rowForDrop(QPoint point) const;
+    /// Marks the place where something dragged would go; -1 for none.
+    void markDrop(int row);
+    void paintDropMark(QPainter& painter) const;
+
+    int m_dropRow = -1;
 };
 
 }  // namespace vellora::desktop

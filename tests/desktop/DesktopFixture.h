@@ -12,6 +12,8 @@
 
 #include <gtest/gtest.h>
 
+#include "desktop/Preferences.h"
+
 namespace vellora::desktop {
 
 /// A disk of a few kilobytes, where the test may make one.
@@ -57,6 +59,9 @@ struct DesktopTest : testing::Test {
     DesktopTest() {
         QStandardPaths::setTestModeEnabled(true);
         QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)).removeRecursively();
+        Preferences preferences;
+        preferences.language = QStringLiteral("english");
+        preferences.store();
     }
 
     QTemporaryDir folder;

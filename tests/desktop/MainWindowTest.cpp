@@ -259,7 +259,7 @@ TEST_F(MainWindowTest, RemovesTheSelectedPhotos) {
     window.openPaths({photo(QStringLiteral("one.png")), photo(QStringLiteral("two.png")),
                       photo(QStringLiteral("three.png"))});
     window.view().selectionModel()->select(window.document().slides().index(1),
-                                           QItemSelectionModel::Select);
+                                           QItemSelectionModel::ClearAndSelect);
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     QTest::keyClick(&window.view(), Qt::Key_Delete);
