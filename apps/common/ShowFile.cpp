@@ -17,6 +17,7 @@ namespace vellora::hostkit {
 namespace {
 
 constexpr qint64 kLargestFile = 64 << 20;
+constexpr qsizetype kMostPhotos = 100'000;
 constexpr int kVersion = 1;
 
 QString placeInText(const QByteArray& text, qsizetype offset) {
@@ -110,6 +111,10 @@ std::optional<Show> readShow(const QString& file, QStringList* warnings, QString
     show.projectPath = project.isEmpty() ? defaultProjectPath(file)
                                          : QDir::cleanPath(folder.absoluteFilePath(project));
     const QJsonArray photos = reader.array(QStringLiteral("photos"));
+    if (photos.size() > kMostPhotos) {
+        *error = QCoreApplication::translate("hostkit", "has more than %1 photos").arg(kMostPhotos);
+        return {};
+    }
     show.unknown = reader.unread();
     show.photos.reserve(static_cast<std::size_t>(photos.size()));
     for (qsizetype k = 0; k < photos.size(); ++k) {

@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QMessageBox>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QWindow>
 
@@ -27,6 +28,7 @@ namespace vellora::desktop {
 namespace {
 
 constexpr unsigned kSlideChanged = 1;
+constexpr int kMessageMs = 5000;
 
 QStringList localPaths(const QList<QUrl>& urls) {
     QStringList paths;
@@ -85,6 +87,8 @@ MainWindow::MainWindow()
     connect(m_view, &QWidget::customContextMenuRequested, this, &MainWindow::showContextMenu);
     connect(m_thumbnails, &Thumbnails::updated, this,
             [&slides](quint64 id) { slides.refresh(slides.rowOf(id)); });
+    connect(m_view->verticalScrollBar(), &QScrollBar::valueChanged, this,
+            &MainWindow::forgetUnseen);
     applyPreferences();
     updateState();
     m_view->setFocus();
@@ -160,6 +164,15 @@ void MainWindow::updateState() {
                          : tr("%L1 of %L2 selected").arg(selected.size()).arg(slides.count()));
 }
 
+void MainWindow::forgetUnseen() {
+    QSet<quint64> seen;
+    const SlideView::Rows rows = m_view->visibleRows();
+    for (int row = rows.begin; row < rows.end; ++row) {
+        seen.insert(m_document->slides().slide(row)->id());
+    }
+    m_thumbnails->keepOnly(seen);
+}
+
 void MainWindow::report(const QString& title, const QString& text, const QStringList& details) {
     QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok, this);
     box.setTextFormat(Qt::PlainText);
@@ -201,7 +214,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 void MainWindow::autosave() {
     // Drawing measures texts, so a show that is drawn by another thread is not written.
-    if (!m_isExporting && findChild<Player*>() == nullptr) {
+    if (findChild<Player*>() == nullptr) {
         const RenderQueue::Pause pause(m_thumbnails->queue());
         m_autosave->update();
     }
@@ -293,22 +306,13 @@ void MainWindow::locateSelected() {
     if (path.isEmpty()) {
         return;
     }
-    relocate({{slide, path}});
-    const std::vector<Relocation> others = foundBeside(m_document->slides().slides(), before, path);
-    if (!others.empty() &&
-        QMessageBox::question(this, tr("Locate missing photo"),
-                              tr("%Ln other missing photo(s) are there, too. Use them as well?",
-                                 nullptr, static_cast<int>(others.size()))) == QMessageBox::Yes) {
-        relocate(others);
-    }
-}
-
-void MainWindow::relocate(const std::vector<Relocation>& found) {
     const RenderQueue::Pause pause(m_thumbnails->queue());
-    for (const auto& [slide, path] : found) {
-        m_document->slides().relocate(m_document->slides().rowOf(slide->id()), path);
-        m_thumbnails->invalidate(slide->id());
+    const QList<int> found = m_document->slides().relocate(rows.first(), path);
+    for (const int row : found) {
+        m_thumbnails->invalidate(m_document->slides().slide(row)->id());
     }
+    statusBar()->showMessage(
+        tr("%Ln photo(s) found again", nullptr, static_cast<int>(found.size())), kMessageMs);
     updateState();
 }
 
@@ -356,16 +360,20 @@ void MainWindow::customEvent(QEvent* event) {
 }
 
 void MainWindow::exportShow() {
-    SlideModel& slides = m_document->slides();
-    ExportDialog dialog(slides.count(), this);
+    ExportDialog dialog(m_document->slides().count(), this);
     if (dialog.exec() != QDialog::Accepted) {
         return;
     }
     stopPlaying();
-    const RenderQueue::Pause pause(m_thumbnails->queue());
-    m_isExporting = true;
-    ExportProgress(slides.document(), slides.slides(), dialog.options(), this).exec();
-    m_isExporting = false;
+    ExportOptions options = dialog.options();
+    options.assetsFolder = m_preferences.effectiveAssetsFolder();
+    ExportJob job(options);
+    QString error;
+    if (paused([&] { return job.prepare(*m_document, &error); })) {
+        ExportProgress(job, this).exec();
+    } else {
+        report(tr("Export"), tr("The show could not be prepared for the export."), {error});
+    }
 }
 
 void MainWindow::play() {

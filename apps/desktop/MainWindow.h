@@ -4,7 +4,6 @@
 #include <optional>
 
 #include "desktop/Preferences.h"
-#include "desktop/Relocation.h"
 #include "desktop/RenderQueue.h"
 #include "desktop/Thumbnails.h"
 
@@ -58,6 +57,8 @@ private:
     void applyPreferences();
     /// Thumbnails have the pixels of the screen that the window is on.
     void sizeThumbnails();
+    /// No thumbnail is made any more for slides that were scrolled away.
+    void forgetUnseen();
     void report(const QString& title, const QString& text, const QStringList& details);
 
     void autosave();
@@ -93,7 +94,6 @@ private:
     void moveForward();
     /// Edits a photo, or asks where it is.
     void activateSlide(const QModelIndex& index);
-    void relocate(const std::vector<Relocation>& found);
     void locateSelected();
     void editSelected();
     void exportShow();
@@ -106,7 +106,6 @@ private:
     Autosave* m_autosave;
     Thumbnails* m_thumbnails;
     std::optional<RenderQueue::Pause> m_pause;
-    bool m_isExporting = false;
     SlideView* m_view;
     QMenu* m_recent = nullptr;
     QToolBar* m_bar = nullptr;

@@ -119,13 +119,31 @@ bool MainWindow::saveTo(const QString& path) {
                     QMessageBox::Cancel, this);
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(error);
-    const QPushButton* elsewhere = box.addButton(tr("Save as..."), QMessageBox::AcceptRole);
+    const QPushButton* elsewhere = box.addButton(tr("Save &as..."), QMessageBox::AcceptRole);
     box.exec();
     return box.clickedButton() == elsewhere && saveAs();
 }
 
 bool MainWindow::save() {
-    return m_document->path().isEmpty() ? saveAs() : saveTo(m_document->path());
+    if (m_document->path().isEmpty()) {
+        return saveAs();
+    }
+    if (m_document->isChangedOnDisk()) {
+        QMessageBox box(QMessageBox::Warning, tr("Save"),
+                        tr("Another program has changed the show \"%1\" since it was opened here.")
+                            .arg(m_document->displayName()),
+                        QMessageBox::Cancel, this);
+        box.setTextFormat(Qt::PlainText);
+        const QAbstractButton* replace =
+            box.addButton(tr("&Replace it"), QMessageBox::DestructiveRole);
+        const QAbstractButton* elsewhere =
+            box.addButton(tr("Save &as..."), QMessageBox::AcceptRole);
+        box.exec();
+        if (box.clickedButton() != replace) {
+            return box.clickedButton() == elsewhere && saveAs();
+        }
+    }
+    return saveTo(m_document->path());
 }
 
 bool MainWindow::saveAs() {

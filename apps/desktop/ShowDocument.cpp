@@ -38,15 +38,26 @@ QString ShowDocument::displayName() const {
     return m_path.isEmpty() ? tr("Untitled") : QFileInfo(m_path).completeBaseName();
 }
 
+ShowDocument::Stamp ShowDocument::Stamp::of(const QString& file) {
+    const QFileInfo info(file);
+    return {info.lastModified(), info.size()};
+}
+
+bool ShowDocument::isChangedOnDisk() const {
+    return !m_path.isEmpty() && QFileInfo::exists(m_path) && Stamp::of(m_path) != m_stamp;
+}
+
 void ShowDocument::setState(const QString& path, bool dirty) {
     m_path = path;
+    m_stamp = Stamp::of(path);
     m_dirty = dirty;
     Q_EMIT stateChanged();
 }
 
 void ShowDocument::markDirty() {
     if (!m_dirty) {
-        setState(m_path, true);
+        m_dirty = true;
+        Q_EMIT stateChanged();
     }
 }
 

@@ -14,6 +14,13 @@ public:
     /// The selected rows in ascending order.
     [[nodiscard]] QList<int> selectedRows() const;
 
+    /// The rows from the first to behind the last that can be seen, at least in part.
+    struct Rows {
+        int begin = 0;
+        int end = 0;
+    };
+    [[nodiscard]] Rows visibleRows() const;
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;

@@ -30,7 +30,7 @@ void removeFolder(const std::filesystem::path& folder) {
     }
 }
 
-void watch(const std::stop_token& stop, const std::filesystem::path& folder) {
+void endWhenSignalled(const std::stop_token& stop, const std::filesystem::path& folder) {
     std::mutex mutex;
     std::condition_variable_any stopped;
     std::unique_lock lock(mutex);
@@ -45,16 +45,22 @@ void watch(const std::stop_token& stop, const std::filesystem::path& folder) {
 
 }  // namespace
 
-InterruptCleanup::InterruptCleanup(std::filesystem::path folder) {
+InterruptCleanup::InterruptCleanup() {
     std::signal(SIGINT, noteSignal);
     std::signal(SIGTERM, noteSignal);
-    m_watcher = std::jthread(
-        [folder = std::move(folder)](const std::stop_token& stop) { watch(stop, folder); });
+}
+
+void InterruptCleanup::watch(std::filesystem::path folder) {
+    m_watcher = std::jthread([folder = std::move(folder)](const std::stop_token& stop) {
+        endWhenSignalled(stop, folder);
+    });
 }
 
 InterruptCleanup::~InterruptCleanup() {
-    m_watcher.request_stop();
-    m_watcher.join();
+    if (m_watcher.joinable()) {
+        m_watcher.request_stop();
+        m_watcher.join();
+    }
     std::signal(SIGINT, SIG_DFL);
     std::signal(SIGTERM, SIG_DFL);
 }

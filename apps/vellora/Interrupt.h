@@ -11,7 +11,11 @@ namespace vellora::cli {
 /// clears up and ends the process with the usual status for that signal.
 class InterruptCleanup {
 public:
-    explicit InterruptCleanup(std::filesystem::path folder);
+    /// A signal waits from now on until the folder is known, so that none comes between making
+    /// the folder and watching it.
+    InterruptCleanup();
+    /// Names the folder, once.
+    void watch(std::filesystem::path folder);
     ~InterruptCleanup();
     InterruptCleanup(const InterruptCleanup&) = delete;
     InterruptCleanup& operator=(const InterruptCleanup&) = delete;

@@ -61,7 +61,7 @@ OutputFolder::OutputFolder(const QString& path, bool overwrite)
         m_problem = QStringLiteral("folder '%1' cannot be written to").arg(printable(path));
         return;
     }
-    m_cleanup.emplace(native(m_scratch->path()));
+    m_cleanup.watch(native(m_scratch->path()));
 }
 
 QString OutputFolder::scratchFile(const QString& suffix) {

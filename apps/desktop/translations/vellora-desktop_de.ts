@@ -71,6 +71,10 @@
         <source>the disk is full</source>
         <translation>Der Datenträger ist voll.</translation>
     </message>
+    <message>
+        <source>has more than %1 photos</source>
+        <translation>hat mehr als %1 Fotos</translation>
+    </message>
 </context>
 <context>
     <name>vellora</name>
@@ -179,6 +183,10 @@
         <source>the picture cannot be decoded, or %1 cannot be written</source>
         <translation>Das Bild kann nicht gelesen oder %1 nicht geschrieben werden.</translation>
     </message>
+    <message>
+        <source>the program that renders it does not run</source>
+        <translation>Das Programm, das die Bilder berechnet, lässt sich nicht starten.</translation>
+    </message>
 </context>
 <context>
     <name>vellora::desktop::ExportProgress</name>
@@ -197,10 +205,6 @@
     <message>
         <source>Export</source>
         <translation>Export</translation>
-    </message>
-    <message>
-        <source>Finishing the picture at hand...</source>
-        <translation>Das aktuelle Bild wird noch fertiggestellt ...</translation>
     </message>
     <message>
         <source>%L1 of %L2: %3</source>
@@ -473,21 +477,6 @@
         <translation>&amp;Wiederholen</translation>
     </message>
     <message>
-        <source>Locate missing photo</source>
-        <translation>Fehlendes Foto suchen</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln other missing photo(s) are there, too. Use them as well?</source>
-        <translation>
-            <numerusform>Dort liegt auch %Ln weiteres fehlendes Foto. Dieses ebenfalls verwenden?</numerusform>
-            <numerusform>Dort liegen auch %Ln weitere fehlende Fotos. Diese ebenfalls verwenden?</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Save as...</source>
-        <translation>Speichern unter...</translation>
-    </message>
-    <message>
         <source>Move &amp;back</source>
         <translation>Nach &amp;vorn verschieben</translation>
     </message>
@@ -502,6 +491,25 @@
     <message>
         <source>&quot;%1&quot; exists already. Replace it?</source>
         <translation>„%1“ ist bereits vorhanden. Ersetzen?</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln photo(s) found again</source>
+        <translation>
+            <numerusform>%Ln Foto wiedergefunden</numerusform>
+            <numerusform>%Ln Fotos wiedergefunden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The show could not be prepared for the export.</source>
+        <translation>Die Diashow konnte nicht für den Export vorbereitet werden.</translation>
+    </message>
+    <message>
+        <source>Another program has changed the show &quot;%1&quot; since it was opened here.</source>
+        <translation>Die Diashow „%1“ wurde seit dem Öffnen von einem anderen Programm geändert.</translation>
+    </message>
+    <message>
+        <source>&amp;Replace it</source>
+        <translation>E&amp;rsetzen</translation>
     </message>
 </context>
 <context>
