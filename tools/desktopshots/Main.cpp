@@ -123,8 +123,10 @@ void takeAll(Shots& shots, const QDir& photos) {
         ExportDialog dialog(window.document().slides().count(), &window);
         dialog.exec();
     });
-    ExportProgress progress(window.document().slides().document(),
-                            window.document().slides().slides(), options, &window);
+    ExportJob job(options);
+    QString error;
+    job.prepare(window.document(), &error);
+    ExportProgress progress(job, &window);
     wait(kThumbnailPause);
     shots.takeDialog("summary", [&] { progress.exec(); });
     QTimer::singleShot(2 * kDialogPause, [] {
