@@ -97,6 +97,8 @@ MainWindow::MainWindow()
 MainWindow::~MainWindow() {
     // Their threads draw the album and the slides of the document, which goes after them.
     stopPlaying();
+    // The history tells of its end, when there is no window any more to hear it.
+    m_document->slides().history().disconnect(this);
     m_view->setItemDelegate(nullptr);
     delete m_thumbnails;
 }
