@@ -1,8 +1,7 @@
 #!/bin/sh
 # Compares whole jobs of `vellora render` with the same jobs of other programs: process start to
 # exit, one thread, decode, work, encode at quality 90. The programs are not dependencies; those
-# that are not installed are left out. To have them all:
-#     apt-get install --no-install-recommends imagemagick graphicsmagick libvips-tools netpbm gegl gmic
+# that are not installed are left out. scripts/packages.sh --peers installs them all.
 #
 # usage: compare_peers.sh [PHOTO.jpg]     default: a painted photo of 12 megapixels
 # Prints a Markdown table of CPU seconds per megapixel, one line a job.

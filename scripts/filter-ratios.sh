@@ -1,18 +1,23 @@
 #!/bin/sh
 # Runs the filter benchmarks once and prints their table for docs/performance.md.
 #
-# Usage: scripts/filter-ratios.sh [BENCHMARK]     (default: build/bench/bench/vellora_bench)
-
+# Usage: scripts/filter-ratios.sh [OPTION OF THE BENCHMARK]...     needs the release build
 set -eu
-bench=${1:-build/bench/bench/vellora_bench}
+cd "$(dirname "$0")/.."
 
-QT_QPA_PLATFORM=offscreen "$bench" --benchmark_filter='^(Filter|Limit)/' \
-    --benchmark_min_time=0.2 --benchmark_format=csv 2>/dev/null |
+QT_QPA_PLATFORM=offscreen build/release/bench/vellora_bench --benchmark_filter='^(Filter|Limit)/' \
+    --benchmark_min_time=0.2 --benchmark_format=csv "$@" 2>/dev/null |
 awk -F, '
 function against(filter, limit, goal) {
     order[++filters] = filter
     yardstick[filter] = limit
     goals[filter] = goal
+}
+function number(value) {
+    return value == "" ? "-" : sprintf("%.2f", value)
+}
+function ratio(above, below) {
+    return above == "" || below == "" ? "-" : number(above / below)
 }
 BEGIN {
     against("Color Matrix", "copy", "2.5")
@@ -43,16 +48,20 @@ BEGIN {
     time[name[1], name[2], name[3]] = $NF * 1000
 }
 END {
+    if (!length(time)) {
+        print "no benchmark was run" >"/dev/stderr"
+        exit 1
+    }
     print "| Filter | 2 MP | 4 MP | 12 MP | 24 MP | 24 to 4 MP | Yardstick | its time at 12 MP | Ratio at 12 MP | Goal |"
     print "|---|---|---|---|---|---|---|---|---|---|"
     for (i = 1; i <= filters; ++i) {
         f = order[i]
         y = yardstick[f]
-        t = time["Limit", y, 12]
-        printf "| %s | %.2f | %.2f | %.2f | %.2f | %.2f | %s | %s | %s | %s |\n", f,
-            time["Filter", f, 2], time["Filter", f, 4], time["Filter", f, 12],
-            time["Filter", f, 24], time["Filter", f, 24] / time["Filter", f, 4],
-            y == "" ? "-" : y, t ? sprintf("%.2f", t) : "-",
-            t ? sprintf("%.2f", time["Filter", f, 12] / t) : "-", goals[f] == "" ? "-" : goals[f]
+        printf "| %s | %s | %s | %s | %s | %s | %s | %s | %s | %s |\n", f,
+            number(time["Filter", f, 2]), number(time["Filter", f, 4]),
+            number(time["Filter", f, 12]), number(time["Filter", f, 24]),
+            ratio(time["Filter", f, 24], time["Filter", f, 4]), y == "" ? "-" : y,
+            number(time["Limit", y, 12]), ratio(time["Filter", f, 12], time["Limit", y, 12]),
+            goals[f] == "" ? "-" : goals[f]
     }
 }'
