@@ -4,7 +4,8 @@
 Commands are the blocks marked "sh", the jobs of the blocks marked "yaml", and the examples of a man
 page. Each document has a folder of its own that looks like the source tree with some photos and a
 show in it. A command must succeed, do something, and make the files that it names. What .ci/run runs
-in another step stands in RUN_ELSEWHERE. Commands within the text must name what there is.
+in another step stands in RUN_ELSEWHERE. Commands within the text must name what there is, and the
+C++ of each section must compile.
 
 Needs the release build. usage: check-docs.py [DOCUMENT]...     default: all
 """
@@ -50,6 +51,7 @@ SECONDS_OPEN = 2
 # They say nothing when all is well.
 SILENT = ("vellora project check ", "export ", "cd ")
 SECONDS_AT_MOST = 120
+PHOTOS = 33  # more than the documents' jobs have parts
 
 OUTPUT_OPTIONS = ("-o", "--out", "--sheet", "--save-project", "--prefix", "-B")
 A_FILE = re.compile(r"[\w./-]+\.(jpg|png|xml|vshow|svg|wmf|emf)")
@@ -183,6 +185,42 @@ def run_block(terminal, block):
             yield line, problem and f"{command}: {problem}"
 
 
+CODE_BEFORE = """
+#include <QEvent>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <cstdio>
+#include <opencv2/core/core_c.h>
+#include <vellora/vellora.h>
+using namespace vellora;
+"""
+# What the text speaks of and the code takes for granted.
+CODE_GIVEN = "int argc, char** argv, QString path, QString result, QString edits, CImageObj& show, " \
+             "QObject& host, QEvent* event"
+
+
+def code_problem(blocks, name, installed):
+    """Compiles the C++ of a document, each section being one function."""
+    sections = {}
+    for block in blocks:
+        if block.language == "cpp":
+            code = "".join(f'#line {number} "{name}"\n{line}\n'
+                           for number, line in enumerate(block.lines, block.line)
+                           if not line.startswith("#include"))
+            sections[block.section] = sections.get(block.section, "") + code
+    if not sections:
+        return ""
+    code = CODE_BEFORE + "".join(f"void section{section}({CODE_GIVEN}) {{ {{\n{text}\n}} }}\n"
+                                 for section, text in sections.items())
+    flags = subprocess.run(
+        ["pkg-config", "--cflags", "vellora"], check=True, capture_output=True, text=True,
+        env=os.environ | {"PKG_CONFIG_PATH": f"{installed}/lib/pkgconfig"}).stdout.split()
+    process = subprocess.run(
+        ["g++", "-std=c++20", "-fPIC", "-fsyntax-only", *flags, "-I/usr/include/opencv4",
+         "-x", "c++", "-"], input=code, capture_output=True, text=True, check=False)
+    return process.stderr if process.returncode else ""
+
+
 def inline_problem(code, helps):
     """Whether code within the text names a command, option or file that there is."""
     words = code.split()
@@ -218,10 +256,12 @@ def prepare(work):
     photos = work / "photos"
     subprocess.run([BUILD / "tools/scenes/vellora-scenes", "--size", "600x400", photos],
                    check=True, stdout=subprocess.DEVNULL)
-    for folder in ("photos", "holiday"):
+    painted = list(photos.glob("*.jpg"))
+    for folder, count in (("photos", PHOTOS), ("holiday", len(painted))):
         (photos / folder).mkdir()
-        for photo in photos.glob("*.jpg"):
-            shutil.copy(photo, photos / folder)
+        for number in range(count):
+            photo = painted[number % len(painted)]
+            shutil.copy(photo, photos / folder / f"{photo.stem}-{number}.jpg")
     shutil.copy(photos / "landscape.jpg", photos / "lake.jpg")
     shutil.copytree(TOP / "assets/demo", photos, dirs_exist_ok=True)
     subprocess.run(["cmake", "--install", BUILD, "--prefix", work / "installed"], check=True,
@@ -239,6 +279,7 @@ def check(document, work, helps):
         inline = markdown_inline(text) if is_markdown else []
         problems += [(code.line, inline_problem(code.text, helps)) for code in inline]
         terminal = Terminal(work, str(name))
+        problems.append((1, code_problem(blocks, name, work / "installed")))
         for block in blocks:
             problems += run_block(terminal, block)
     except Problem as problem:

@@ -11,6 +11,7 @@ class Block(NamedTuple):
     line: int  # of its first line of text
     lines: list
     file: str  # the file that it shows: the line before it is "`FILE`:"
+    section: int  # counts the headings before it
 
     def text(self):
         return "\n".join(self.lines) + "\n"
@@ -35,6 +36,7 @@ def markdown_blocks(text):
     open_block = None
     said = ""  # the last line of text
     previous = ""
+    section = 0
     for number, line in enumerate(text.splitlines(), 1):
         if line.startswith("```") and open_block:
             open_block = None
@@ -43,12 +45,14 @@ def markdown_blocks(text):
             if language not in LANGUAGES:
                 raise Problem(number, "a block is marked with one of " + ", ".join(LANGUAGES))
             file = re.fullmatch(r"`([^` ]+)`:", said)
-            open_block = Block(language, number + 1, [], file.group(1) if file else "")
+            open_block = Block(language, number + 1, [], file.group(1) if file else "", section)
             blocks.append(open_block)
         elif open_block:
             open_block.lines.append(line)
         elif line.startswith("    ") and not previous:
             raise Problem(number, "an indented block: fence it, and say what it is")
+        elif line.startswith("## "):
+            section += 1
         said = line or said
         previous = line
     if open_block:
@@ -76,7 +80,7 @@ def man_blocks(text):
         return []
     first = lines.index(".nf", lines.index(".SH EXAMPLES")) + 1
     examples = lines[first:lines.index(".fi", first)]
-    return [Block("sh", first + 1, [line.replace("\\-", "-") for line in examples], "")]
+    return [Block("sh", first + 1, [line.replace("\\-", "-") for line in examples], "", 0)]
 
 
 def commands(block):
