@@ -54,6 +54,10 @@ job() {
     set -- $(measured "'$vellora' render --overwrite --out results $* photo.jpg")
     ours="$1"
     peak="$2"
+    if [ "$ours" = - ]; then
+        echo "$name: vellora fails" >&2
+        exit 1
+    fi
 }
 
 end_job() {

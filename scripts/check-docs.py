@@ -18,6 +18,7 @@ import subprocess
 import sys
 import tempfile
 import time
+from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
 import yaml
@@ -52,8 +53,8 @@ WINDOWS = ("vellora edit ", "vellora-desktop", "build/photo-editor ")
 SECONDS_OPEN = 2
 # They say nothing when all is well.
 SILENT = ("vellora project check ", "export ", "cd ")
-SECONDS_AT_MOST = 120
-PHOTOS = 33  # more than the documents' jobs have parts
+SECONDS_AT_MOST = 600
+PHOTOS = 17  # more than the documents' jobs have parts
 
 OUTPUT_OPTIONS = ("-o", "--out", "--sheet", "--save-project", "--prefix", "-B")
 A_FILE = re.compile(r"[\w./-]+\.(jpg|png|xml|vshow|svg|wmf|emf)")
@@ -73,9 +74,9 @@ class Terminal:
 
     def __init__(self, work, name):
         self.folder = work / name.replace("/", "-")
-        self.state = work / "state"
+        self.state = work / f"state-{self.folder.name}"
         self.folder.mkdir()
-        self.state.mkdir(exist_ok=True)
+        self.state.mkdir()
         for entry in TOP.iterdir():
             if entry.name in ("assets", "docs"):
                 shutil.copytree(entry, self.folder / entry.name)
@@ -91,22 +92,30 @@ class Terminal:
             "LC_ALL": "C.UTF-8", "QT_QPA_PLATFORM": "offscreen", "STATE": str(self.state),
             "BENCHMARK_MIN_TIME": GOOGLE_BENCHMARK_SECONDS}
 
-    def run(self, command, **variables):
+    def shell(self, script, **variables):
+        """The exit status of a script and the end of what it says."""
+        try:
+            process = subprocess.run(
+                ["sh", "-c", script], cwd=self.folder, env=self.environment | variables,
+                stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                text=True, errors="replace", timeout=SECONDS_AT_MOST, check=False)
+        except subprocess.TimeoutExpired:
+            return -1, f"still running after {SECONDS_AT_MOST} seconds"
+        return process.returncode, process.stdout[-2000:]
+
+    def run(self, command):
         """Runs a command; what is wrong, or "". """
         start = time.time() - 0.02  # files have the time of the last tick
         is_window = command.startswith(WINDOWS)
         prefix = f"timeout {SECONDS_OPEN} " if is_window else ""
         script = ('. "$STATE/exports"\ncd "$(cat "$STATE/folder")"\nset -e\n' + prefix + command +
                   '\nexport -p >"$STATE/exports"\npwd >"$STATE/folder"\n')
-        process = subprocess.run(
-            ["sh", "-c", script], env=self.environment | variables, stdin=subprocess.DEVNULL,
-            stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, errors="replace",
-            timeout=SECONDS_AT_MOST, check=False)
-        if process.returncode != (124 if is_window else 0):
-            return f"exit status {process.returncode}\n{process.stdout[-2000:]}"
+        status, said = self.shell(script)
+        if status != (124 if is_window else 0):
+            return f"exit status {status}\n{said}"
         if is_window:
             return ""
-        if not (command.startswith(SILENT) or process.stdout or is_newer(self.folder, start)):
+        if not (command.startswith(SILENT) or said or is_newer(self.folder, start)):
             return "prints nothing and writes nothing"
         return self.missing_result(command, start)
 
@@ -146,11 +155,9 @@ class Terminal:
         """All parts together must write every result anew."""
         start = time.time() - 0.02
         for index in indices:
-            process = subprocess.run(
-                ["sh", "-c", call], cwd=self.folder, capture_output=True, text=True, check=False,
-                env=self.environment | {variable: str(index)}, timeout=SECONDS_AT_MOST)
-            if process.returncode != 0:
-                return f"part {index}: exit status {process.returncode}\n{process.stderr}"
+            status, said = self.shell(call, **{variable: str(index)})
+            if status != 0:
+                return f"part {index}: exit status {status}\n{said}"
         words = shlex.split(command)
         results = self.folder / words[words.index("--out") + 1]
         left = [file.name for file in results.iterdir() if not is_newer(file, start)]
@@ -271,7 +278,7 @@ def prepare(work):
 
 
 def check(document, work, helps):
-    """Prints what is wrong in a document; how much that is."""
+    """What is wrong in a document."""
     text = document.read_text()
     name = document.relative_to(TOP)
     is_markdown = document.suffix == ".md"
@@ -286,20 +293,21 @@ def check(document, work, helps):
             problems += run_block(terminal, block)
     except Problem as problem:
         problems.append((problem.line, str(problem)))
-    found = [(line, problem) for line, problem in problems if problem]
-    for line, problem in found:
-        print(f"{name}:{line}: {problem}", file=sys.stderr)
-    return len(found)
+    return [f"{name}:{line}: {problem}" for line, problem in problems if problem]
 
 
 def main():
     named = [Path(name).resolve() for name in sys.argv[1:]]
     documents = named or sorted(file for names in DOCUMENTS for file in TOP.glob(names))
-    with tempfile.TemporaryDirectory() as work:
+    failed = False
+    with tempfile.TemporaryDirectory() as work, ThreadPoolExecutor(os.cpu_count()) as pool:
         prepare(Path(work))
         helps = command_helps()
-        problems = sum(check(document, Path(work), helps) for document in documents)
-    return 1 if problems else 0
+        for problems in pool.map(lambda document: check(document, Path(work), helps), documents):
+            for problem in problems:
+                print(problem, file=sys.stderr)
+                failed = True
+    return 1 if failed else 0
 
 
 if __name__ == "__main__":
