@@ -3,9 +3,9 @@
 
 Commands are the blocks marked "sh", the jobs of the blocks marked "yaml", and the examples of a man
 page. Each document has a folder of its own that looks like the source tree with some photos and a
-show in it. A command must succeed, do something, and make the files that it names. What .ci/run runs
-in another step stands in RUN_ELSEWHERE. Commands within the text must name what there is, and the
-C++ of each section must compile.
+show in it. A command must succeed, do something, and make the files that it names. What another
+step of .ci/run runs stands in RUN_ELSEWHERE. Commands within the text must name what there is, and
+the C++ of each section must compile.
 
 Needs the release build. usage: check-docs.py [DOCUMENT]...     default: all
 """
@@ -92,6 +92,10 @@ class Terminal:
             "LC_ALL": "C.UTF-8", "QT_QPA_PLATFORM": "offscreen", "STATE": str(self.state),
             "BENCHMARK_MIN_TIME": GOOGLE_BENCHMARK_SECONDS}
 
+    def present_folder(self):
+        """Where the last command left the shell."""
+        return Path((self.state / "folder").read_text().strip())
+
     def shell(self, script, **variables):
         """The exit status of a script and the end of what it says."""
         try:
@@ -121,7 +125,7 @@ class Terminal:
 
     def missing_result(self, command, start):
         """What the command names and does not leave behind."""
-        folder = Path((self.state / "folder").read_text().strip())
+        folder = self.present_folder()
         words = shlex.split(command, comments=True)
         results = [word for option, word in zip(words, words[1:]) if option in OUTPUT_OPTIONS]
         files = [word for word in words if A_FILE.fullmatch(word)]
@@ -182,7 +186,7 @@ def gate_problem(command):
 def run_block(terminal, block):
     """What is wrong with the commands of a block, each with its line."""
     if block.file:
-        (Path((terminal.state / "folder").read_text().strip()) / block.file).write_text(block.text())
+        (terminal.present_folder() / block.file).write_text(block.text())
     elif block.language == "yaml":
         yield block.line, terminal.run_job(block)
     elif block.language == "sh" and block.lines[0].startswith("#!"):
@@ -204,8 +208,8 @@ CODE_BEFORE = """
 using namespace vellora;
 """
 # What the text speaks of and the code takes for granted.
-CODE_GIVEN = "int argc, char** argv, QString path, QString result, QString edits, CImageObj& show, " \
-             "QObject& host, QEvent* event"
+CODE_GIVEN = "int argc, char** argv, QString path, QString result, QString edits, " \
+             "CImageObj& show, QObject& host, QEvent* event"
 
 
 def code_problem(blocks, name, installed):
@@ -225,8 +229,8 @@ def code_problem(blocks, name, installed):
         ["pkg-config", "--cflags", "vellora"], check=True, capture_output=True, text=True,
         env=os.environ | {"PKG_CONFIG_PATH": f"{installed}/lib/pkgconfig"}).stdout.split()
     process = subprocess.run(
-        ["g++", "-std=c++20", "-fPIC", "-fsyntax-only", *flags, "-I/usr/include/opencv4",
-         "-x", "c++", "-"], input=code, capture_output=True, text=True, check=False)
+        ["g++", "-std=c++20", "-fPIC", "-w", "-fsyntax-only", *flags,
+         "-isystem", "/usr/include/opencv4", "-x", "c++", "-"], input=code, capture_output=True, text=True, check=False)
     return process.stderr if process.returncode else ""
 
 
