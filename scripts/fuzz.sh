@@ -6,6 +6,7 @@
 set -eu
 cd "$(dirname "$0")/.."
 
+./scripts/packages.sh --gate
 cmake --preset fuzz
 cmake --build --preset fuzz --parallel "$(nproc)"
 cd build/fuzz

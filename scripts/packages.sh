@@ -1,29 +1,32 @@
 #!/bin/sh
 # Installs the Debian packages that building, testing and trying Vellora needs, where they are
-# missing: everything that a script of this source tree or .ci/run calls. Asks no questions. With
-# --list it only prints their names. With --peers it installs the programs that
-# bench/compare_peers.sh compares with as well.
+# missing. Asks no questions. With --gate also those that .ci/run and scripts/fuzz.sh need, with
+# --peers those that bench/compare_peers.sh compares with; with --list it only prints the names of
+# all but the peers.
 set -eu
 
-# To build; to run the tests; for the gate: packages, reference, fuzzer, shell completions.
 packages="
     g++ cmake ninja-build ccache pkg-config git
-    clang-format clang-tidy
     libopencv-core-dev libopencv-imgproc-dev
     qt6-base-dev qt6-svg-dev qt6-image-formats-plugins
     libjpeg62-turbo-dev libpugixml-dev libsimpleini-dev libcli11-dev
     libgtest-dev libbenchmark-dev
     fonts-dejavu-core fonts-liberation
-    imagemagick parallel python3 python3-yaml xvfb
-    dpkg-dev file lintian doxygen clang libclang-rt-14-dev zsh
+    imagemagick parallel python3 xvfb zsh
+    dpkg-dev file
+"
+# For style, documents, fuzzer, reference and the look at the packages.
+gate="
+    clang-format clang-tidy python3-yaml clang libclang-rt-14-dev doxygen lintian
 "
 peers="graphicsmagick libvips-tools netpbm gegl gmic"
 
 case "${1:-}" in
     --list)
-        printf '%s\n' $packages
+        printf '%s\n' $packages $gate
         exit 0
         ;;
+    --gate) packages="$packages $gate" ;;
     --peers) packages="$packages $peers" ;;
 esac
 
