@@ -2,6 +2,8 @@
 
 #include <QTest>
 
+#include <gtest/gtest.h>
+
 #include "ui/dialog/DialogLayout.h"
 #include "ui/dialog/FrameZones.h"
 #include "ui/dialog/VUDFrame.h"
