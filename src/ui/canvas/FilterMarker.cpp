@@ -1,12 +1,13 @@
 #include "ui/canvas/FilterMarker.h"
 
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
 
 #include <vellora/host/Language.h>
+
+#include "ui/behaviour/CanvasKeys.h"
 
 namespace vellora {
 namespace {
@@ -82,24 +83,12 @@ void FilterMarker::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void FilterMarker::keyPressEvent(QKeyEvent* event) {
-    const int step = event->modifiers().testFlag(Qt::ShiftModifier) ? 10 : 1;
-    switch (event->key()) {
-        case Qt::Key_Left:
-            moveInside(pos() - QPoint(step, 0));
-            break;
-        case Qt::Key_Right:
-            moveInside(pos() + QPoint(step, 0));
-            break;
-        case Qt::Key_Up:
-            moveInside(pos() - QPoint(0, step));
-            break;
-        case Qt::Key_Down:
-            moveInside(pos() + QPoint(0, step));
-            break;
-        default:
-            QWidget::keyPressEvent(event);
-            return;
+    const QPoint step = nudgeOf(*event);
+    if (step.isNull()) {
+        QWidget::keyPressEvent(event);
+        return;
     }
+    moveInside(pos() + step);
     announce();
 }
 
