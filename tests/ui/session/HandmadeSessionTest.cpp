@@ -163,10 +163,10 @@ protected:
         QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&canvas(), &drop);
     }
-    /// What the canvas shows, nothing being selected.
+    /// What the canvas shows, without marks of selection and focus.
     QImage shown() {
         canvas().Select(nullptr);
-        canvas().setFocus(Qt::OtherFocusReason);
+        canvas().clearFocus();
         return canvas().grab().toImage().convertToFormat(QImage::Format_RGB32);
     }
 
@@ -279,6 +279,8 @@ void HandmadeSessionTest::placeClips() {
 
 TEST_F(HandmadeSessionTest, LooksTheSameOnTheCanvasInTheOutputAndAfterLoading) {
     open(0);
+    dialog().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog()));
     giveTheFacts();
     cropAndFilter();
     turnAndCropAgain();
