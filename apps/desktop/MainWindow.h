@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "desktop/Preferences.h"
+#include "desktop/Relocation.h"
 #include "desktop/RenderQueue.h"
 #include "desktop/Thumbnails.h"
 
@@ -55,10 +56,10 @@ private:
     void showContextMenu(QPoint point);
     void updateState();
     void applyPreferences();
-    /// Thumbnails have the pixels of the screen that the window is on.
-    void sizeThumbnails();
     /// No thumbnail is made any more for slides that were scrolled away.
     void forgetUnseen();
+    /// Thumbnails have the pixels of the screen that the window is on.
+    void sizeThumbnails();
     void report(const QString& title, const QString& text, const QStringList& details);
 
     void autosave();
@@ -94,6 +95,7 @@ private:
     void moveForward();
     /// Edits a photo, or asks where it is.
     void activateSlide(const QModelIndex& index);
+    void relocate(const std::vector<Relocation>& found);
     void locateSelected();
     void editSelected();
     void exportShow();

@@ -4,7 +4,6 @@
 #include <condition_variable>
 #include <csignal>
 #include <cstdlib>
-#include <mutex>
 #include <utility>
 
 namespace vellora::cli {
@@ -30,19 +29,6 @@ void removeFolder(const std::filesystem::path& folder) {
     }
 }
 
-void endWhenSignalled(const std::stop_token& stop, const std::filesystem::path& folder) {
-    std::mutex mutex;
-    std::condition_variable_any stopped;
-    std::unique_lock lock(mutex);
-    while (!stop.stop_requested()) {
-        stopped.wait_for(lock, stop, std::chrono::milliseconds(50), [] { return false; });
-        if (g_signal != 0) {
-            removeFolder(folder);
-            std::_Exit(kSignalled + g_signal);
-        }
-    }
-}
-
 }  // namespace
 
 InterruptCleanup::InterruptCleanup() {
@@ -51,9 +37,22 @@ InterruptCleanup::InterruptCleanup() {
 }
 
 void InterruptCleanup::watch(std::filesystem::path folder) {
-    m_watcher = std::jthread([folder = std::move(folder)](const std::stop_token& stop) {
+    m_watcher = std::jthread([this, folder = std::move(folder)](const std::stop_token& stop) {
         endWhenSignalled(stop, folder);
     });
+}
+
+void InterruptCleanup::endWhenSignalled(const std::stop_token& stop,
+                                        const std::filesystem::path& folder) {
+    std::condition_variable_any stopped;
+    std::unique_lock lock(m_mutex);
+    while (!stop.stop_requested()) {
+        stopped.wait_for(lock, stop, std::chrono::milliseconds(50), [] { return false; });
+        if (g_signal != 0) {
+            removeFolder(folder);
+            std::_Exit(kSignalled + g_signal);
+        }
+    }
 }
 
 InterruptCleanup::~InterruptCleanup() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <mutex>
 #include <thread>
 
 namespace vellora::cli {
@@ -20,7 +21,14 @@ public:
     InterruptCleanup(const InterruptCleanup&) = delete;
     InterruptCleanup& operator=(const InterruptCleanup&) = delete;
 
+    /// As long as the lock is held the program does not end: for a step that must not be left half
+    /// done.
+    [[nodiscard]] std::unique_lock<std::mutex> holdOff() { return std::unique_lock(m_mutex); }
+
 private:
+    void endWhenSignalled(const std::stop_token& stop, const std::filesystem::path& folder);
+
+    std::mutex m_mutex;
     std::jthread m_watcher;
 };
 

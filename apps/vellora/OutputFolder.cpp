@@ -71,6 +71,7 @@ QString OutputFolder::scratchFile(const QString& suffix) {
 }
 
 QString OutputFolder::publish(const QString& scratchFile, const QString& name) {
+    const auto undisturbed = m_cleanup.holdOff();
     if (m_overwrite) {
         const QString path = m_dir.filePath(name);
         std::error_code error;

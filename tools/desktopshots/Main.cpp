@@ -123,10 +123,8 @@ void takeAll(Shots& shots, const QDir& photos) {
         ExportDialog dialog(window.document().slides().count(), &window);
         dialog.exec();
     });
-    ExportJob job(options);
-    QString error;
-    job.prepare(window.document(), &error);
-    ExportProgress progress(job, &window);
+    ExportProgress progress(window.document().slides().document(),
+                            window.document().slides().slides(), options, &window);
     wait(kThumbnailPause);
     shots.takeDialog("summary", [&] { progress.exec(); });
     QTimer::singleShot(2 * kDialogPause, [] {

@@ -52,10 +52,10 @@
         </translation>
     </message>
     <message numerus="yes">
-        <source>%Ln photo(s) found again</source>
+        <source>%Ln other missing photo(s) are there, too. Use them as well?</source>
         <translation>
-            <numerusform>%Ln photo found again</numerusform>
-            <numerusform>%Ln photos found again</numerusform>
+            <numerusform>%Ln other missing photo is there, too. Use it as well?</numerusform>
+            <numerusform>%Ln other missing photos are there, too. Use them as well?</numerusform>
         </translation>
     </message>
 </context>
