@@ -112,8 +112,7 @@ std::optional<Show> readShow(const QString& file, QStringList* warnings, QString
                                          : QDir::cleanPath(folder.absoluteFilePath(project));
     const QJsonArray photos = reader.array(QStringLiteral("photos"));
     if (photos.size() > kMostPhotos) {
-        *error =
-            QCoreApplication::translate("hostkit", "has more than %L1 photos").arg(kMostPhotos);
+        *error = QCoreApplication::translate("hostkit", "has more than %1 photos").arg(kMostPhotos);
         return {};
     }
     show.unknown = reader.unread();

@@ -28,6 +28,7 @@ namespace vellora::desktop {
 namespace {
 
 constexpr unsigned kSlideChanged = 1;
+constexpr int kMessageMs = 5000;
 
 QStringList localPaths(const QList<QUrl>& urls) {
     QStringList paths;
@@ -307,22 +308,13 @@ void MainWindow::locateSelected() {
     if (path.isEmpty()) {
         return;
     }
-    relocate({{slide, path}});
-    const std::vector<Relocation> others = foundBeside(m_document->slides().slides(), before, path);
-    if (!others.empty() &&
-        QMessageBox::question(this, tr("Locate missing photo"),
-                              tr("%Ln other missing photo(s) are there, too. Use them as well?",
-                                 nullptr, static_cast<int>(others.size()))) == QMessageBox::Yes) {
-        relocate(others);
-    }
-}
-
-void MainWindow::relocate(const std::vector<Relocation>& found) {
     const RenderQueue::Pause pause(m_thumbnails->queue());
-    for (const auto& [slide, path] : found) {
-        m_document->slides().relocate(m_document->slides().rowOf(slide->id()), path);
-        m_thumbnails->invalidate(slide->id());
+    const QList<int> found = m_document->slides().relocate(rows.first(), path);
+    for (const int row : found) {
+        m_thumbnails->invalidate(m_document->slides().slide(row)->id());
     }
+    statusBar()->showMessage(
+        tr("%Ln photo(s) found again", nullptr, static_cast<int>(found.size())), kMessageMs);
     updateState();
 }
 

@@ -4,7 +4,6 @@
 #include <optional>
 
 #include "desktop/Preferences.h"
-#include "desktop/Relocation.h"
 #include "desktop/RenderQueue.h"
 #include "desktop/Thumbnails.h"
 
@@ -56,10 +55,10 @@ private:
     void showContextMenu(QPoint point);
     void updateState();
     void applyPreferences();
-    /// No thumbnail is made any more for slides that were scrolled away.
-    void forgetUnseen();
     /// Thumbnails have the pixels of the screen that the window is on.
     void sizeThumbnails();
+    /// No thumbnail is made any more for slides that were scrolled away.
+    void forgetUnseen();
     void report(const QString& title, const QString& text, const QStringList& details);
 
     void autosave();
@@ -95,7 +94,6 @@ private:
     void moveForward();
     /// Edits a photo, or asks where it is.
     void activateSlide(const QModelIndex& index);
-    void relocate(const std::vector<Relocation>& found);
     void locateSelected();
     void editSelected();
     void exportShow();

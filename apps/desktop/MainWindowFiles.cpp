@@ -119,7 +119,7 @@ bool MainWindow::saveTo(const QString& path) {
                     QMessageBox::Cancel, this);
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(error);
-    const QPushButton* elsewhere = box.addButton(tr("Save as..."), QMessageBox::AcceptRole);
+    const QPushButton* elsewhere = box.addButton(tr("Save &as..."), QMessageBox::AcceptRole);
     box.exec();
     return box.clickedButton() == elsewhere && saveAs();
 }
@@ -133,6 +133,7 @@ bool MainWindow::save() {
                         tr("Another program has changed the show \"%1\" since it was opened here.")
                             .arg(m_document->displayName()),
                         QMessageBox::Cancel, this);
+        box.setTextFormat(Qt::PlainText);
         const QAbstractButton* replace =
             box.addButton(tr("&Replace it"), QMessageBox::DestructiveRole);
         const QAbstractButton* elsewhere =

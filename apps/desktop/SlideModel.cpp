@@ -1,6 +1,7 @@
 #include "desktop/SlideModel.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QMimeData>
 #include <algorithm>
 #include <iterator>
@@ -10,6 +11,32 @@ namespace vellora::desktop {
 namespace {
 
 const QString kRowsFormat = QStringLiteral("application/x-vellora-slides");
+
+/// How a folder was moved.
+struct Move {
+    QString from;
+    QString to;
+
+    /// Where a file of the folder is now; empty for other files.
+    [[nodiscard]] QString apply(const QString& path) const {
+        const QString start = from + QLatin1Char('/');
+        return path.startsWith(start) ? to + QLatin1Char('/') + path.mid(start.size()) : QString();
+    }
+};
+
+/// The move that explains the new path of a file: the names at the end that both paths have in
+/// common have stayed.
+Move moveBetween(QString from, QString to) {
+    const auto name = [](const QString& path) {
+        return path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
+    };
+    while (from.contains(QLatin1Char('/')) && to.contains(QLatin1Char('/')) &&
+           name(from) == name(to)) {
+        from.truncate(from.lastIndexOf(QLatin1Char('/')));
+        to.truncate(to.lastIndexOf(QLatin1Char('/')));
+    }
+    return {from, to};
+}
 
 /// The rows, each once, ascending and existing.
 QList<int> sound(QList<int> rows, int count) {
@@ -196,12 +223,27 @@ void SlideModel::rebuildDocument() {
     }
 }
 
-void SlideModel::relocate(int row, const QString& path) {
-    if (const SlidePtr found = slide(row)) {
-        found->relocate(path);
-        refresh(row);
-        Q_EMIT edited();
+QList<int> SlideModel::relocate(int row, const QString& path) {
+    const SlidePtr found = slide(row);
+    if (found == nullptr) {
+        return {};
     }
+    const Move move = moveBetween(found->path(), path);
+    found->relocate(path);
+    QList<int> rows{row};
+    for (int other = 0; other < count(); ++other) {
+        const SlidePtr candidate = slide(other);
+        const QString moved = candidate->isMissing() ? move.apply(candidate->path()) : QString();
+        if (QFileInfo(moved).isFile()) {
+            candidate->relocate(moved);
+            rows.append(other);
+        }
+    }
+    for (const int changed : rows) {
+        refresh(changed);
+    }
+    Q_EMIT edited();
+    return rows;
 }
 
 void SlideModel::refresh(int row) {

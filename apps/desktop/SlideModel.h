@@ -42,7 +42,9 @@ public:
     void remove(QList<int> rows);
     /// Moves the rows, in their order, before another one.
     void moveTo(QList<int> rows, int before);
-    void relocate(int row, const QString& path);
+    /// Names another file for a photo. Missing photos that have moved along with it are found, too.
+    /// @return The rows that have another file now.
+    QList<int> relocate(int row, const QString& path);
     /// Shows these slides in this order. No step of the history.
     void arrange(const std::vector<SlidePtr>& slides);
     /// Tells the views to paint a row again.

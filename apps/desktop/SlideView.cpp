@@ -34,18 +34,6 @@ QList<int> SlideView::selectedRows() const {
     return rows;
 }
 
-SlideView::Rows SlideView::visibleRows() const {
-    const auto rows = std::views::iota(0, model()->rowCount());
-    const auto rect = [this](int row) { return visualRect(model()->index(row, 0)); };
-    // The cards lie in lines from top to bottom; those that are not laid out yet have no place.
-    const auto begin = std::ranges::partition_point(
-        rows, [&](int row) { return rect(row).isValid() && rect(row).bottom() < 0; });
-    const auto end = std::ranges::partition_point(rows, [&](int row) {
-        return rect(row).isValid() && rect(row).top() < viewport()->height();
-    });
-    return {static_cast<int>(begin - rows.begin()), static_cast<int>(end - rows.begin())};
-}
-
 void SlideView::markDrop(int row) {
     if (row != m_dropRow) {
         m_dropRow = row;
@@ -59,6 +47,18 @@ void SlideView::paintDropMark(QPainter& painter) const {
     const int x = last ? card.right() + spacing() / 2 : card.left() - spacing() / 2;
     painter.fillRect(QRect(std::max(x - 1, 0), card.top() + 4, 3, card.height() - 8),
                      palette().color(QPalette::Highlight));
+}
+
+SlideView::Rows SlideView::visibleRows() const {
+    const auto rows = std::views::iota(0, model()->rowCount());
+    const auto rect = [this](int row) { return visualRect(model()->index(row, 0)); };
+    // The cards lie in lines from top to bottom; those that are not laid out yet have no place.
+    const auto begin = std::ranges::partition_point(
+        rows, [&](int row) { return rect(row).isValid() && rect(row).bottom() < 0; });
+    const auto end = std::ranges::partition_point(rows, [&](int row) {
+        return rect(row).isValid() && rect(row).top() < viewport()->height();
+    });
+    return {static_cast<int>(begin - rows.begin()), static_cast<int>(end - rows.begin())};
 }
 
 void SlideView::paintEvent(QPaintEvent* event) {

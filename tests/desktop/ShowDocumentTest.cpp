@@ -128,6 +128,23 @@ TEST_F(ShowDocumentTest, RelocatesAMissingPhotoWithItsEdits) {
     EXPECT_EQ(sprites(0), 1);
 }
 
+TEST_F(ShowDocumentTest, FindsTheOtherPhotosOfAFolderThatWasMoved) {
+    QDir(folder.path()).mkpath(QStringLiteral("old/sub"));
+    document.addFiles({photo(QStringLiteral("old/sub/a.png")), photo(QStringLiteral("old/b.png")),
+                       photo(QStringLiteral("old/c.png")), photo(QStringLiteral("stays.png"))},
+                      0, 0);
+    ASSERT_TRUE(QDir(folder.path()).rename(QStringLiteral("old"), QStringLiteral("new")));
+    QFile::remove(folder.filePath(QStringLiteral("new/c.png")));
+    for (const SlidePtr& slide : slides.slides()) {
+        slide->checkFile();
+    }
+    EXPECT_EQ(slides.relocate(1, folder.filePath(QStringLiteral("new/b.png"))), (QList<int>{1, 0}));
+    EXPECT_EQ(slides.slide(0)->path(), folder.filePath(QStringLiteral("new/sub/a.png")));
+    EXPECT_TRUE(slides.slide(2)->isMissing());
+    EXPECT_EQ(slides.slide(3)->path(), folder.filePath(QStringLiteral("stays.png")));
+    EXPECT_EQ(slides.relocate(2, folder.filePath(QStringLiteral("stays.png"))), QList<int>{2});
+}
+
 TEST_F(ShowDocumentTest, AMovedShowFindsThePhotosThatMovedAlong) {
     QDir(folder.path()).mkpath(QStringLiteral("trip/photos"));
     const QString left = photo(QStringLiteral("left.png"));

@@ -17,7 +17,6 @@
 #include "DesktopFixture.h"
 #include "desktop/MainWindow.h"
 #include "desktop/Preferences.h"
-#include "desktop/Relocation.h"
 #include "desktop/ShowDocument.h"
 #include "desktop/SlideView.h"
 
@@ -157,30 +156,6 @@ TEST_F(UserTest, TheKeyboardSuffices) {
     QTest::keyClick(&window.view(), Qt::Key_Delete);
     EXPECT_EQ(slides.count(), 0);
     window.document().startNew();
-}
-
-TEST_F(UserTest, PhotosOfAMovedFolderAreFoundTogether) {
-    QDir(folder.path()).mkpath(QStringLiteral("old/day1"));
-    QDir(folder.path()).mkpath(QStringLiteral("old/day2"));
-    ShowDocument document;
-    document.addFiles(
-        photos(2, QStringLiteral("old/day1/")) + photos(2, QStringLiteral("old/day2/")), 0, 0);
-    QDir(folder.path()).mkpath(QStringLiteral("archive"));
-    ASSERT_TRUE(QDir().rename(folder.filePath(QStringLiteral("old")),
-                              folder.filePath(QStringLiteral("archive/new"))));
-    ASSERT_TRUE(QFile::remove(folder.filePath(QStringLiteral("archive/new/day2/p1.png"))));
-    const std::vector<SlidePtr>& slides = document.slides().slides();
-    for (const SlidePtr& slide : slides) {
-        slide->checkFile();
-    }
-    const QString from = slides[0]->path();
-    const QString to = folder.filePath(QStringLiteral("archive/new/day1/p0.png"));
-    document.slides().relocate(0, to);
-    const auto found = foundBeside(slides, from, to);
-    ASSERT_EQ(found.size(), 3U) << "the second p1 is the one of the folder that was named";
-    EXPECT_EQ(found[0].path, folder.filePath(QStringLiteral("archive/new/day1/p1.png")));
-    EXPECT_EQ(found[1].path, folder.filePath(QStringLiteral("archive/new/day2/p0.png")));
-    EXPECT_EQ(found[2].path, folder.filePath(QStringLiteral("archive/new/day1/p1.png")));
 }
 
 TEST_F(UserTest, AFullDiskLosesNothing) {

@@ -72,8 +72,8 @@
         <translation>Der Datenträger ist voll.</translation>
     </message>
     <message>
-        <source>has more than %L1 photos</source>
-        <translation>hat mehr als %L1 Fotos</translation>
+        <source>has more than %1 photos</source>
+        <translation>hat mehr als %1 Fotos</translation>
     </message>
 </context>
 <context>
@@ -185,7 +185,7 @@
     </message>
     <message>
         <source>the program that renders it does not run</source>
-        <translation>das Programm, das es erzeugt, läuft nicht</translation>
+        <translation>Das Programm, das die Bilder berechnet, lässt sich nicht starten.</translation>
     </message>
 </context>
 <context>
@@ -477,21 +477,6 @@
         <translation>&amp;Wiederholen</translation>
     </message>
     <message>
-        <source>Locate missing photo</source>
-        <translation>Fehlendes Foto suchen</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln other missing photo(s) are there, too. Use them as well?</source>
-        <translation>
-            <numerusform>Dort liegt auch %Ln weiteres fehlendes Foto. Dieses ebenfalls verwenden?</numerusform>
-            <numerusform>Dort liegen auch %Ln weitere fehlende Fotos. Diese ebenfalls verwenden?</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Save as...</source>
-        <translation>Speichern unter...</translation>
-    </message>
-    <message>
         <source>Move &amp;back</source>
         <translation>Nach &amp;vorn verschieben</translation>
     </message>
@@ -507,13 +492,20 @@
         <source>&quot;%1&quot; exists already. Replace it?</source>
         <translation>„%1“ ist bereits vorhanden. Ersetzen?</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln photo(s) found again</source>
+        <translation>
+            <numerusform>%Ln Foto wiedergefunden</numerusform>
+            <numerusform>%Ln Fotos wiedergefunden</numerusform>
+        </translation>
+    </message>
     <message>
         <source>The show could not be prepared for the export.</source>
         <translation>Die Diashow konnte nicht für den Export vorbereitet werden.</translation>
     </message>
     <message>
         <source>Another program has changed the show &quot;%1&quot; since it was opened here.</source>
-        <translation>Ein anderes Programm hat die Diashow &quot;%1&quot; geändert, seit sie hier geöffnet wurde.</translation>
+        <translation>Die Diashow „%1“ wurde seit dem Öffnen von einem anderen Programm geändert.</translation>
     </message>
     <message>
         <source>&amp;Replace it</source>

@@ -52,10 +52,10 @@
         </translation>
     </message>
     <message numerus="yes">
-        <source>%Ln other missing photo(s) are there, too. Use them as well?</source>
+        <source>%Ln photo(s) found again</source>
         <translation>
-            <numerusform>%Ln other missing photo is there, too. Use it as well?</numerusform>
-            <numerusform>%Ln other missing photos are there, too. Use them as well?</numerusform>
+            <numerusform>%Ln photo found again</numerusform>
+            <numerusform>%Ln photos found again</numerusform>
         </translation>
     </message>
 </context>
