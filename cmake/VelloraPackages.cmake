@@ -41,6 +41,8 @@ set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
 set(CPACK_DEBIAN_PROGRAMS_PACKAGE_NAME vellora)
 set(CPACK_DEBIAN_PROGRAMS_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PROGRAMS_PACKAGE_DEPENDS "${VELLORA_DEB_LIBRARY} (= ${PROJECT_VERSION})")
+# The texts of the standard dialogs in the language of the program.
+set(CPACK_DEBIAN_PROGRAMS_PACKAGE_RECOMMENDS "qt6-translations-l10n")
 set(CPACK_COMPONENT_PROGRAMS_DESCRIPTION
     "Slideshows of photos with words\n The command line renders photos and slideshows without a display; the\n desktop program edits, plays and exports them.")
 

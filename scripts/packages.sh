@@ -9,6 +9,7 @@ packages="
     g++ cmake ninja-build ccache pkg-config git
     libopencv-core-dev libopencv-imgproc-dev
     qt6-base-dev qt6-svg-dev qt6-image-formats-plugins
+    qt6-l10n-tools qt6-translations-l10n
     libjpeg62-turbo-dev libpugixml-dev libsimpleini-dev libcli11-dev
     libgtest-dev libbenchmark-dev
     fonts-dejavu-core fonts-liberation

@@ -15,9 +15,10 @@ bool holdsAssets(const QString& folder) {
     return QFileInfo(folder + QStringLiteral("/lang")).isDir();
 }
 
-/// "lang/german.ini" for a German system.
+/// "german" for a German system.
 QString systemLanguage() {
-    return QLocale::languageToString(QLocale::system().language()).toLower();
+    const QLocale locale(QLocale::system().uiLanguages().value(0));
+    return QLocale::languageToString(locale.language()).toLower();
 }
 
 }  // namespace

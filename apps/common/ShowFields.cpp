@@ -1,5 +1,6 @@
 #include "common/ShowFields.h"
 
+#include <QCoreApplication>
 #include <QRegularExpression>
 #include <cmath>
 #include <limits>
@@ -21,13 +22,14 @@ QJsonValue FieldReader::take(const QString& key) {
 
 void FieldReader::warn(const QString& key, const char* expected) {
     const QString path = m_place.isEmpty() ? key : m_place + QLatin1Char('.') + key;
-    m_warnings->append(QStringLiteral("%1: expected %2").arg(path, QLatin1String(expected)));
+    m_warnings->append(QCoreApplication::translate("hostkit", "%1: expected %2")
+                           .arg(path, QCoreApplication::translate("hostkit", expected)));
 }
 
 QString FieldReader::text(const QString& key) {
     const QJsonValue value = take(key);
     if (!value.isUndefined() && !value.isString()) {
-        warn(key, "a text");
+        warn(key, QT_TRANSLATE_NOOP("hostkit", "a text"));
     }
     return value.toString();
 }
@@ -35,7 +37,7 @@ QString FieldReader::text(const QString& key) {
 bool FieldReader::boolean(const QString& key) {
     const QJsonValue value = take(key);
     if (!value.isUndefined() && !value.isBool()) {
-        warn(key, "true or false");
+        warn(key, QT_TRANSLATE_NOOP("hostkit", "true or false"));
     }
     return value.toBool();
 }
@@ -47,7 +49,7 @@ int FieldReader::whole(const QString& key, int fallback) {
     }
     const double number = value.toDouble(0.5);
     if (number != std::floor(number) || std::abs(number) > std::numeric_limits<int>::max()) {
-        warn(key, "a whole number");
+        warn(key, QT_TRANSLATE_NOOP("hostkit", "a whole number"));
         return fallback;
     }
     return static_cast<int>(number);
@@ -56,7 +58,7 @@ int FieldReader::whole(const QString& key, int fallback) {
 int FieldReader::rotation(const QString& key) {
     const int angle = whole(key, 0);
     if (angle != 0 && angle != 90 && angle != 180 && angle != 270) {
-        warn(key, "0, 90, 180 or 270");
+        warn(key, QT_TRANSLATE_NOOP("hostkit", "0, 90, 180 or 270"));
         return 0;
     }
     return angle;
@@ -65,7 +67,7 @@ int FieldReader::rotation(const QString& key) {
 int FieldReader::seconds(const QString& key) {
     const int duration = whole(key, kDefaultSeconds);
     if (duration < 1) {
-        warn(key, "at least one second");
+        warn(key, QT_TRANSLATE_NOOP("hostkit", "at least one second"));
         return kDefaultSeconds;
     }
     return duration;
@@ -78,7 +80,7 @@ COLORREF FieldReader::colour(const QString& key) {
     }
     static const QRegularExpression form(QStringLiteral("^#[0-9A-Fa-f]{6}$"));
     if (!form.match(name).hasMatch()) {
-        warn(key, "a colour as \"#RRGGBB\"");
+        warn(key, QT_TRANSLATE_NOOP("hostkit", "a colour as \"#RRGGBB\""));
         return 0;
     }
     const unsigned rgb = QStringView(name).mid(1).toUInt(nullptr, 16);
@@ -88,7 +90,7 @@ COLORREF FieldReader::colour(const QString& key) {
 QJsonArray FieldReader::array(const QString& key) {
     const QJsonValue value = take(key);
     if (!value.isUndefined() && !value.isArray()) {
-        warn(key, "a list");
+        warn(key, QT_TRANSLATE_NOOP("hostkit", "a list"));
     }
     return value.toArray();
 }

@@ -1,5 +1,6 @@
 #include "common/ShowFile.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -16,13 +17,14 @@ namespace vellora::hostkit {
 namespace {
 
 constexpr qint64 kLargestFile = 64 << 20;
+constexpr qsizetype kMostPhotos = 100'000;
 constexpr int kVersion = 1;
 
 QString placeInText(const QByteArray& text, qsizetype offset) {
     const QByteArray before = text.left(std::clamp<qsizetype>(offset, 0, text.size()));
     const auto line = before.count('\n') + 1;
     const auto column = before.size() - before.lastIndexOf('\n');
-    return QStringLiteral("line %1, column %2").arg(line).arg(column);
+    return QCoreApplication::translate("hostkit", "line %1, column %2").arg(line).arg(column);
 }
 
 std::optional<QByteArray> readAll(const QString& path, QString* error) {
@@ -32,7 +34,7 @@ std::optional<QByteArray> readAll(const QString& path, QString* error) {
         return {};
     }
     if (file.size() > kLargestFile) {
-        *error = QStringLiteral("larger than 64 MB");
+        *error = QCoreApplication::translate("hostkit", "larger than 64 MB");
         return {};
     }
     return file.readAll();
@@ -95,11 +97,12 @@ std::optional<Show> readShow(const QString& file, QStringList* warnings, QString
     }
     FieldReader reader(document.object(), {}, warnings);
     if (reader.text(QStringLiteral("format")) != QLatin1String("vellora-show")) {
-        *error = QStringLiteral("not a slideshow file: no \"format\": \"vellora-show\"");
+        *error = QCoreApplication::translate(
+            "hostkit", "not a slideshow file: no \"format\": \"vellora-show\"");
         return {};
     }
     if (reader.whole(QStringLiteral("version"), kVersion) > kVersion) {
-        *error = QStringLiteral("made by a newer version of this program");
+        *error = QCoreApplication::translate("hostkit", "made by a newer version of this program");
         return {};
     }
     const QDir folder = QFileInfo(file).absoluteDir();
@@ -108,6 +111,10 @@ std::optional<Show> readShow(const QString& file, QStringList* warnings, QString
     show.projectPath = project.isEmpty() ? defaultProjectPath(file)
                                          : QDir::cleanPath(folder.absoluteFilePath(project));
     const QJsonArray photos = reader.array(QStringLiteral("photos"));
+    if (photos.size() > kMostPhotos) {
+        *error = QCoreApplication::translate("hostkit", "has more than %1 photos").arg(kMostPhotos);
+        return {};
+    }
     show.unknown = reader.unread();
     show.photos.reserve(static_cast<std::size_t>(photos.size()));
     for (qsizetype k = 0; k < photos.size(); ++k) {
@@ -115,7 +122,8 @@ std::optional<Show> readShow(const QString& file, QStringList* warnings, QString
         const QString place = QStringLiteral("photos[%1]").arg(k);
         show.photos.push_back(readPhoto({photos[k].toObject(), place, warnings}, folder));
         if (show.photos.back().path.isEmpty()) {
-            warnings->append(place + QStringLiteral(": names no photo"));
+            warnings->append(
+                QCoreApplication::translate("hostkit", "%1: names no photo").arg(place));
         }
     }
     return show;

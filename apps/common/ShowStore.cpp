@@ -1,8 +1,10 @@
 #include "common/ShowStore.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QStorageInfo>
 #include <utility>
 
 #include <vellora/host/ImageObj.h>
@@ -10,6 +12,8 @@
 
 namespace vellora::hostkit {
 namespace {
+
+constexpr qint64 kLeastRoom = 1 << 20;
 
 QString besideShow(const QString& showFile, const char* ending) {
     const QFileInfo info(showFile);
@@ -22,6 +26,24 @@ QString projectOnDisk(const QString& showFile) {
     QString error;
     const std::optional<Show> show = readShow(showFile, &warnings, &error);
     return show ? show->projectPath : QString();
+}
+
+/// Why a file could not be written, as far as its folder tells.
+QString obstacleOf(const QString& file) {
+    const QFileInfo folder(QFileInfo(file).absolutePath());
+    const QString name = QDir::toNativeSeparators(folder.filePath());
+    const QStorageInfo disk(folder.filePath());
+    if (!folder.isDir()) {
+        return QCoreApplication::translate("hostkit", "there is no folder %1").arg(name);
+    }
+    if (!folder.isWritable() || disk.isReadOnly()) {
+        return QCoreApplication::translate("hostkit", "the folder %1 is read-only").arg(name);
+    }
+    if (disk.isValid() && disk.bytesAvailable() < kLeastRoom) {
+        return QCoreApplication::translate("hostkit", "the disk is full");
+    }
+    return QCoreApplication::translate("hostkit", "cannot write %1")
+        .arg(QDir::toNativeSeparators(file));
 }
 
 /// Why a project file cannot be read; empty when it can.
@@ -58,7 +80,7 @@ bool saveShow(const QString& file, Show& show, CImageObj& document, QString* err
     }
 
     if (document.SaveToXMLFile(target) != S_OK) {
-        *error = QStringLiteral("cannot write %1").arg(QDir::toNativeSeparators(target));
+        *error = obstacleOf(target);
         return false;
     }
     const QString before = std::exchange(show.projectPath, target);

@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <algorithm>
+#include <utility>
 
 #include "common/ShowFile.h"
 #include "desktop/ShowDocument.h"
@@ -51,11 +53,10 @@ Autosave::Autosave(ShowDocument& document, QObject* parent)
 
 Autosave::~Autosave() = default;
 
-QString Autosave::copyPath() {
+QStringList Autosave::copyPaths() {
     const QString& show = m_document.path();
     if (!show.isEmpty()) {
-        return QFileInfo(QFileInfo(show).absolutePath()).isWritable() ? besideShow(show)
-                                                                      : amongOwnData(show);
+        return {besideShow(show), amongOwnData(show)};
     }
     for (int number = 1; m_untitled.isEmpty() && number < 1000; ++number) {
         const QString path =
@@ -67,7 +68,7 @@ QString Autosave::copyPath() {
             m_untitledLock = std::move(lock);
         }
     }
-    return m_untitled;
+    return {m_untitled};
 }
 
 void Autosave::update() {
@@ -75,12 +76,18 @@ void Autosave::update() {
         discard();
         return;
     }
-    const QString path = copyPath();
-    if (!m_copy.isEmpty() && m_copy != path) {
-        remove(m_copy);
-    }
+    const QStringList paths = copyPaths();
     QString error;
-    m_copy = !path.isEmpty() && m_document.saveCopy(path, &error) ? path : QString();
+    const auto written = std::find_if(paths.cbegin(), paths.cend(), [&](const QString& path) {
+        return !path.isEmpty() && m_document.saveCopy(path, &error);
+    });
+    if (written == paths.cend()) {
+        return;  // an earlier copy is better than none
+    }
+    const QString previous = std::exchange(m_copy, *written);
+    if (!previous.isEmpty() && previous != m_copy) {
+        remove(previous);
+    }
 }
 
 void Autosave::discard() {

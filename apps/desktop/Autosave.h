@@ -35,7 +35,8 @@ Q_SIGNALS:
     void due();
 
 private:
-    [[nodiscard]] QString copyPath();
+    /// Where the copy may lie, the best place first.
+    [[nodiscard]] QStringList copyPaths();
 
     ShowDocument& m_document;
     QTimer m_timer;

@@ -38,15 +38,15 @@ ExportDialog::ExportDialog(int slides, QWidget* parent)
       m_fit(new QComboBox),
       m_quality(new QSpinBox),
       m_numbered(new QCheckBox(tr("Start names with the &place in the show"))) {
-    setWindowTitle(tr("Export %n photo(s)", nullptr, slides));
-    setMinimumWidth(480);
+    setWindowTitle(tr("Export %Ln photo(s)", nullptr, slides));
+    m_folder->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
     m_fit->addItem(tr("Picture as large as fits"), ExportOptions::Box);
     m_fit->addItem(tr("Exactly this size, photo fitted inside"), ExportOptions::Inside);
     m_fit->addItem(tr("Exactly this size, filled by the photo"), ExportOptions::Fill);
     m_quality->setRange(1, 100);
     restore();
 
-    auto* browse = new QPushButton(tr("Browse..."));
+    auto* browse = new QPushButton(tr("B&rowse..."));
     auto* folderRow = new QHBoxLayout;
     folderRow->addWidget(m_folder, 1);
     folderRow->addWidget(browse);
@@ -56,14 +56,18 @@ ExportDialog::ExportDialog(int slides, QWidget* parent)
     sizeRow->addWidget(m_height);
     sizeRow->addStretch(1);
     auto* form = new QFormLayout;
-    form->addRow(tr("&Folder:"), folderRow);
+    auto* folder = new QLabel(tr("&Folder:"));
+    folder->setBuddy(m_folder);
+    form->addRow(folder, folderRow);
     form->addRow(QString(), m_ownSize);
-    form->addRow(tr("&Size in pixels:"), sizeRow);
+    auto* size = new QLabel(tr("&Size in pixels:"));
+    size->setBuddy(m_width);
+    form->addRow(size, sizeRow);
     form->addRow(tr("F&it:"), m_fit);
     form->addRow(tr("JPEG &quality:"), m_quality);
     form->addRow(QString(), m_numbered);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
-    buttons->addButton(tr("Export"), QDialogButtonBox::AcceptRole);
+    buttons->addButton(tr("E&xport"), QDialogButtonBox::AcceptRole);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addWidget(buttons);

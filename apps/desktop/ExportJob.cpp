@@ -1,80 +1,206 @@
 #include "desktop/ExportJob.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QThread>
+#include <algorithm>
+#include <csignal>
 
-#include <vellora/host/ImageObj.h>
+#include <sys/prctl.h>
+
 #include <vellora/host/PhotoFile.h>
 
-namespace vellora::desktop {
+#include "desktop/ShowDocument.h"
 
-ExportJob::ExportJob(CImageObj& document, std::vector<SlidePtr> slides, ExportOptions options,
-                     QObject* parent)
+namespace vellora::desktop {
+namespace {
+
+constexpr int kMostWorkers = 8;  // each holds a decoded photo
+constexpr int kPatienceMs = 10'000;
+
+/// The program that renders: beside this one, in the tree in which both were built, or wherever
+/// the user's programs are.
+QString renderProgram() {
+    const QString name = QStringLiteral("vellora");
+    const QDir own(QCoreApplication::applicationDirPath());
+    const QString found = QStandardPaths::findExecutable(
+        name, {own.path(), own.filePath(QStringLiteral("../vellora")),
+               own.filePath(QStringLiteral("../apps/vellora"))});
+    return found.isEmpty() ? name : found;
+}
+
+QString fitName(ExportOptions::Fit fit) {
+    switch (fit) {
+        case ExportOptions::Inside:
+            return QStringLiteral("inside");
+        case ExportOptions::Fill:
+            return QStringLiteral("fill");
+        default:
+            return QStringLiteral("box");
+    }
+}
+
+}  // namespace
+
+/// A process that renders every n-th photo and tells of each in a line of JSON.
+struct ExportJob::Worker {
+    Worker(int first, int stride) : next(first), step(stride) {}
+
+    QProcess process;
+    int next;  ///< The slide of the next line.
+    int step;
+    bool running = true;
+};
+
+ExportJob::ExportJob(ExportOptions options, QObject* parent)
     : QObject(parent),
-      m_document(document),
-      m_slides(std::move(slides)),
-      m_options(std::move(options)) {}
+      m_options(std::move(options)),
+      m_copy(QDir::temp().filePath(QStringLiteral("vellora-export-XXXXXX"))) {}
 
 ExportJob::~ExportJob() {
     cancel();
-    if (m_thread.joinable()) {
-        m_thread.join();
+    for (const auto& worker : m_workers) {
+        worker->process.disconnect(this);
+        worker->process.waitForFinished(kPatienceMs);
     }
+}
+
+bool ExportJob::prepare(ShowDocument& document, QString* error) {
+    if (!m_copy.isValid()) {
+        *error = m_copy.errorString();
+        return false;
+    }
+    if (!document.saveCopy(m_copy.filePath(QStringLiteral("show.vshow")), error)) {
+        return false;
+    }
+    for (const SlidePtr& slide : document.slides().slides()) {
+        m_captions.append(slide->caption());
+        m_paths.append(slide->path());
+    }
+    return true;
 }
 
 void ExportJob::start() {
-    m_thread = std::thread([this] { run(); });
-}
-
-void ExportJob::run() {
-    QStringList failures;
-    int done = 0;
-    for (const SlidePtr& slide : m_slides) {
-        if (m_cancelled) {
-            break;
-        }
-        Q_EMIT working(done, slide->caption());
-        const QString reason = exportSlide(done);
-        if (!reason.isEmpty()) {
-            failures.append(QStringLiteral("%1: %2").arg(slide->caption(), reason));
-        }
-        ++done;
+    const int workers = std::min({std::max(QThread::idealThreadCount(), 1), kMostWorkers, count()});
+    m_running = workers;
+    if (workers == 0) {
+        QMetaObject::invokeMethod(this, &ExportJob::sumUp, Qt::QueuedConnection);
     }
-    Q_EMIT finished(done - static_cast<int>(failures.size()), failures,
-                    done < static_cast<int>(m_slides.size()));
+    for (int index = 0; index < workers; ++index) {
+        startWorker(index, workers);
+    }
 }
 
-QString ExportJob::exportSlide(int index) {
-    const Slide& slide = *m_slides[static_cast<std::size_t>(index)];
-    QString reason;
+QStringList ExportJob::arguments(int index, int count) const {
+    QStringList result{QStringLiteral("render"),
+                       QStringLiteral("--json"),
+                       QStringLiteral("--quiet"),
+                       QStringLiteral("--out"),
+                       m_options.folder,
+                       QStringLiteral("--quality"),
+                       QString::number(m_options.quality),
+                       QStringLiteral("--shard"),
+                       QStringLiteral("%1/%2").arg(index + 1).arg(count)};
+    if (m_options.numbered) {
+        result << QStringLiteral("--numbered");
+    }
+    if (!m_options.size.isEmpty()) {
+        result << QStringLiteral("--size")
+               << QStringLiteral("%1x%2").arg(m_options.size.width()).arg(m_options.size.height())
+               << QStringLiteral("--fit") << fitName(m_options.fit);
+    }
+    return result << m_copy.filePath(QStringLiteral("show.vshow"));
+}
+
+void ExportJob::startWorker(int index, int count) {
+    auto& worker = *m_workers.emplace_back(std::make_unique<Worker>(index, count));
+    QProcess& process = worker.process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    // Together the processes keep the processors busy.
+    environment.insert(QStringLiteral("OPENCV_FOR_THREADS_NUM"),
+                       QString::number(std::max(1, QThread::idealThreadCount() / count)));
+    if (!m_options.assetsFolder.isEmpty()) {
+        environment.insert(QStringLiteral("VELLORA_ASSETS"), m_options.assetsFolder);
+    }
+    process.setProcessEnvironment(environment);
+    process.setStandardErrorFile(QProcess::nullDevice());
+    // It must not go on when this program is killed.
+    process.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGTERM); });
+    connect(&process, &QProcess::readyRead, this, [this, &worker] { readReports(worker); });
+    const auto end = [this, &worker] { endWorker(worker); };
+    connect(&process, &QProcess::finished, this, end, Qt::QueuedConnection);
+    connect(
+        &process, &QProcess::errorOccurred, this,
+        [end](QProcess::ProcessError error) {
+            if (error == QProcess::FailedToStart) {
+                end();
+            }
+        },
+        Qt::QueuedConnection);
+    process.start(renderProgram(), arguments(index, count), QIODevice::ReadOnly);
+}
+
+void ExportJob::cancel() {
+    m_cancelled = m_cancelled || m_running > 0;
+    for (const auto& worker : m_workers) {
+        worker->process.terminate();
+    }
+}
+
+void ExportJob::readReports(Worker& worker) {
+    while (worker.process.canReadLine()) {
+        const QJsonObject report = QJsonDocument::fromJson(worker.process.readLine()).object();
+        const bool succeeded = report.contains(QStringLiteral("result"));
+        // A cancelled process fails with the picture at hand, which is no fault of the photo.
+        if (worker.next < count() && (succeeded || !m_cancelled)) {
+            noteDone(worker.next, succeeded ? QString() : reasonFor(worker.next));
+            worker.next += worker.step;
+        }
+    }
+}
+
+QString ExportJob::reasonFor(int slide) const {
     PhotoInfo info;
-    if (!ReadPhotoInfo(slide.path(), &info, &reason)) {
+    QString reason;
+    if (!ReadPhotoInfo(m_paths[slide], &info, &reason)) {
         return reason;
     }
-    const QString path = freeName(index);
-    const STATUS status =
-        m_document.SaveNodeToFile(path, index, m_options.size.width(), m_options.size.height(),
-                                  m_options.quality, 0, m_options.fit, slide.record().background);
-    ReleaseImgBuf(slide.node());
-    if (status != S_OK || !QFileInfo::exists(path)) {
-        return tr("the picture cannot be decoded or %1 cannot be written")
-            .arg(QDir::toNativeSeparators(path));
-    }
-    return {};
+    return tr("the picture cannot be decoded, or %1 cannot be written")
+        .arg(QDir::toNativeSeparators(m_options.folder));
 }
 
-QString ExportJob::freeName(int index) const {
-    const int digits = static_cast<int>(QString::number(m_slides.size()).size());
-    QString base = QFileInfo(m_slides[static_cast<std::size_t>(index)]->path()).completeBaseName();
-    if (m_options.numbered) {
-        base = QStringLiteral("%1-%2").arg(index + 1, digits, 10, QLatin1Char('0')).arg(base);
+void ExportJob::noteDone(int slide, const QString& failure) {
+    if (!failure.isEmpty()) {
+        m_failures[slide] = QStringLiteral("%1: %2").arg(m_captions[slide], failure);
     }
-    const QDir folder(m_options.folder);
-    QString path = folder.filePath(base + QStringLiteral(".jpg"));
-    for (int copy = 2; QFileInfo::exists(path); ++copy) {
-        path = folder.filePath(QStringLiteral("%1-%2.jpg").arg(base).arg(copy));
+    ++m_done;
+    Q_EMIT progressed(m_done, m_captions[slide]);
+}
+
+void ExportJob::endWorker(Worker& worker) {
+    if (!std::exchange(worker.running, false)) {
+        return;
     }
-    return path;
+    readReports(worker);
+    for (; !m_cancelled && worker.next < count(); worker.next += worker.step) {
+        noteDone(worker.next, tr("the program that renders it does not run"));
+    }
+    if (--m_running == 0) {
+        sumUp();
+    }
+}
+
+void ExportJob::sumUp() {
+    QStringList failures;
+    for (const auto& [slide, failure] : m_failures) {
+        failures.append(failure);
+    }
+    Q_EMIT finished(m_done - static_cast<int>(failures.size()), failures, m_done < count());
 }
 
 }  // namespace vellora::desktop

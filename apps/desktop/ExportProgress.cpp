@@ -18,16 +18,16 @@ QString timeLeft(qint64 milliseconds) {
 
 }  // namespace
 
-ExportProgress::ExportProgress(CImageObj& document, std::vector<SlidePtr> slides,
-                               const ExportOptions& options, QWidget* parent)
+ExportProgress::ExportProgress(ExportJob& job, QWidget* parent)
     : QDialog(parent),
       m_caption(new QLabel),
       m_bar(new QProgressBar),
       m_rate(new QLabel),
-      m_button(new QPushButton(tr("Cancel"))) {
+      m_button(new QPushButton(tr("Cancel"))),
+      m_job(job) {
     setWindowTitle(tr("Export"));
-    setMinimumWidth(460);
-    m_bar->setRange(0, static_cast<int>(slides.size()));
+    m_bar->setMinimumWidth(fontMetrics().averageCharWidth() * 60);
+    m_bar->setRange(0, job.count());
     m_caption->setTextFormat(Qt::PlainText);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_caption);
@@ -36,18 +36,16 @@ ExportProgress::ExportProgress(CImageObj& document, std::vector<SlidePtr> slides
     layout->addWidget(m_button, 0, Qt::AlignRight);
     connect(m_button, &QPushButton::clicked, this, &QDialog::reject);
 
-    m_job = new ExportJob(document, std::move(slides), options, this);
-    connect(m_job, &ExportJob::working, this, &ExportProgress::showStep, Qt::QueuedConnection);
-    connect(m_job, &ExportJob::finished, this, &ExportProgress::showSummary, Qt::QueuedConnection);
+    connect(&job, &ExportJob::progressed, this, &ExportProgress::showStep);
+    connect(&job, &ExportJob::finished, this, &ExportProgress::showSummary);
     m_clock.start();
-    m_job->start();
+    job.start();
 }
 
 void ExportProgress::reject() {
     if (m_running) {
-        m_job->cancel();
+        m_job.cancel();
         m_button->setEnabled(false);
-        m_rate->setText(tr("Finishing the picture at hand..."));
     } else {
         QDialog::reject();
     }
@@ -55,11 +53,11 @@ void ExportProgress::reject() {
 
 void ExportProgress::showStep(int done, const QString& caption) {
     m_bar->setValue(done);
-    m_caption->setText(tr("%1 of %2: %3").arg(done + 1).arg(m_bar->maximum()).arg(caption));
-    if (done > 0 && m_button->isEnabled()) {
+    m_caption->setText(tr("%L1 of %L2: %3").arg(done).arg(m_bar->maximum()).arg(caption));
+    if (m_button->isEnabled()) {
         const qint64 each = m_clock.elapsed() / done;
         m_rate->setText(
-            tr("%1 photos a minute, %2")
+            tr("%L1 photos a minute, %2")
                 .arg(60000.0 / static_cast<double>(std::max<qint64>(each, 1)), 0, 'f', 0)
                 .arg(timeLeft(each * (m_bar->maximum() - done))));
     }
@@ -68,14 +66,15 @@ void ExportProgress::showStep(int done, const QString& caption) {
 void ExportProgress::showSummary(int exported, const QStringList& failures, bool cancelled) {
     m_running = false;
     m_bar->setValue(exported + static_cast<int>(failures.size()));
-    m_caption->setText(cancelled ? tr("Cancelled after %n picture(s).", nullptr, exported)
-                                 : tr("%n picture(s) exported.", nullptr, exported));
+    m_caption->setText(cancelled ? tr("Cancelled after %Ln picture(s).", nullptr, exported)
+                                 : tr("%Ln picture(s) exported.", nullptr, exported));
     m_rate->setVisible(!failures.isEmpty());
     m_rate->setText(
-        tr("%n photo(s) could not be exported:", nullptr, static_cast<int>(failures.size())));
+        tr("%Ln photo(s) could not be exported:", nullptr, static_cast<int>(failures.size())));
     if (!failures.isEmpty()) {
         auto* list = new QPlainTextEdit(failures.join(QLatin1Char('\n')));
         list->setReadOnly(true);
+        list->setObjectName(QStringLiteral("failures"));
         list->setAccessibleName(tr("Photos that could not be exported"));
         static_cast<QVBoxLayout*>(layout())->insertWidget(3, list);
     }

@@ -16,8 +16,8 @@ class ExportProgress : public QDialog {
     Q_OBJECT
 
 public:
-    ExportProgress(CImageObj& document, std::vector<SlidePtr> slides, const ExportOptions& options,
-                   QWidget* parent);
+    /// Starts a prepared job.
+    ExportProgress(ExportJob& job, QWidget* parent);
 
     /// Asks to cancel while the export runs.
     void reject() override;
@@ -32,7 +32,7 @@ private:
     QPushButton* m_button;
     QElapsedTimer m_clock;
     bool m_running = true;
-    ExportJob* m_job;
+    ExportJob& m_job;
 };
 
 }  // namespace vellora::desktop

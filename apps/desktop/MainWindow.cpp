@@ -7,13 +7,16 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QMessageBox>
+#include <QScrollBar>
 #include <QStatusBar>
+#include <QWindow>
 
 #include <vellora/host/HostMessage.h>
 
 #include "desktop/Autosave.h"
 #include "desktop/ExportDialog.h"
 #include "desktop/ExportProgress.h"
+#include "desktop/Language.h"
 #include "desktop/Player.h"
 #include "desktop/PreferencesDialog.h"
 #include "desktop/ShowDocument.h"
@@ -25,6 +28,7 @@ namespace vellora::desktop {
 namespace {
 
 constexpr unsigned kSlideChanged = 1;
+constexpr int kMessageMs = 5000;
 
 QStringList localPaths(const QList<QUrl>& urls) {
     QStringList paths;
@@ -36,6 +40,11 @@ QStringList localPaths(const QList<QUrl>& urls) {
     return paths;
 }
 
+/// "Undo: Remove photos"
+QString withSubject(const QString& command, const QString& subject) {
+    return subject.isEmpty() ? command : QStringLiteral("%1: %2").arg(command, subject);
+}
+
 }  // namespace
 
 MainWindow::MainWindow()
@@ -45,6 +54,9 @@ MainWindow::MainWindow()
       m_thumbnails(new Thumbnails(this)),
       m_view(new SlideView),
       m_count(new QLabel) {
+    useLanguage(m_preferences.language);
+    // It is spoken from the start.
+    QCoreApplication::removePostedEvents(this, QEvent::LanguageChange);
     m_view->setModel(&m_document->slides());
     m_view->setItemDelegate(new SlideDelegate(*m_thumbnails, m_view));
     setCentralWidget(m_view);
@@ -70,14 +82,18 @@ MainWindow::MainWindow()
     });
     connect(&slides, &SlideModel::filesDropped, this,
             [this](const QList<QUrl>& urls, int row) { addFiles(localPaths(urls), row); });
+    connect(&slides.history(), &QUndoStack::indexChanged, this, &MainWindow::updateState);
     connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &MainWindow::updateState);
-    connect(m_view, &QListView::doubleClicked, this, &MainWindow::editSelected);
+    connect(m_view, &QListView::doubleClicked, this, &MainWindow::activateSlide);
     connect(m_view, &QWidget::customContextMenuRequested, this, &MainWindow::showContextMenu);
     connect(m_thumbnails, &Thumbnails::updated, this,
             [&slides](quint64 id) { slides.refresh(slides.rowOf(id)); });
+    connect(m_view->verticalScrollBar(), &QScrollBar::valueChanged, this,
+            &MainWindow::forgetUnseen);
     applyPreferences();
     updateState();
+    m_view->setFocus();
 }
 
 MainWindow::~MainWindow() {
@@ -92,7 +108,7 @@ void MainWindow::stopPlaying() {
 }
 
 void MainWindow::applyPreferences() {
-    CImageObj::SetLanguageString(m_preferences.languageFile);
+    useLanguage(m_preferences.language);
     m_document->slides().document().SetTextEffectBaseFolder(m_preferences.effectiveAssetsFolder());
     // Texts may look different now.
     m_thumbnails->clear();
@@ -101,24 +117,62 @@ void MainWindow::applyPreferences() {
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
+    sizeThumbnails();
+}
+
+void MainWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    connect(windowHandle(), &QWindow::screenChanged, this, &MainWindow::sizeThumbnails,
+            Qt::UniqueConnection);
+}
+
+void MainWindow::sizeThumbnails() {
     m_thumbnails->setBox((QSizeF(SlideDelegate::kPicture) * devicePixelRatioF()).toSize());
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange) {
+        createActions();
+        updateState();
+    }
 }
 
 void MainWindow::updateState() {
     SlideModel& slides = m_document->slides();
     const QList<int> selected = m_view->selectedRows();
-    for (QAction* action : m_needsSelection) {
+    const QUndoStack& history = slides.history();
+    m_actions.undo->setEnabled(history.canUndo());
+    m_actions.undo->setText(withSubject(tr("&Undo"), history.undoText()));
+    m_actions.redo->setEnabled(history.canRedo());
+    m_actions.redo->setText(withSubject(tr("Re&do"), history.redoText()));
+    m_actions.back->setEnabled(!selected.isEmpty() && selected.first() > 0);
+    m_actions.forward->setEnabled(!selected.isEmpty() && selected.last() + 1 < slides.count());
+    for (QAction* action : {m_actions.edit, m_actions.remove}) {
         action->setEnabled(!selected.isEmpty());
     }
-    for (QAction* action : m_needsSlides) {
+    for (QAction* action : {m_actions.exporting, m_actions.play, m_actions.selectAll}) {
         action->setEnabled(slides.count() > 0);
     }
-    m_locate->setEnabled(selected.size() == 1 && slides.slide(selected.first())->isMissing());
-    setWindowTitle(QStringLiteral("%1[*] - Vellora").arg(m_document->displayName()));
+    m_actions.locate->setEnabled(selected.size() == 1 &&
+                                 slides.slide(selected.first())->isMissing());
+    // Of several places for the mark of changes the doubled ones stand for themselves.
+    const QString name =
+        m_document->displayName().replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+    setWindowTitle(QStringLiteral("%1[*] - Vellora").arg(name));
     setWindowModified(m_document->isDirty());
     m_count->setText(selected.isEmpty()
-                         ? tr("%n photo(s)", nullptr, slides.count())
-                         : tr("%1 of %2 selected").arg(selected.size()).arg(slides.count()));
+                         ? tr("%Ln photo(s)", nullptr, slides.count())
+                         : tr("%L1 of %L2 selected").arg(selected.size()).arg(slides.count()));
+}
+
+void MainWindow::forgetUnseen() {
+    QSet<quint64> seen;
+    const SlideView::Rows rows = m_view->visibleRows();
+    for (int row = rows.begin; row < rows.end; ++row) {
+        seen.insert(m_document->slides().slide(row)->id());
+    }
+    m_thumbnails->keepOnly(seen);
 }
 
 void MainWindow::report(const QString& title, const QString& text, const QStringList& details) {
@@ -162,7 +216,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 void MainWindow::autosave() {
     // Drawing measures texts, so a show that is drawn by another thread is not written.
-    if (!m_isExporting && findChild<Player*>() == nullptr) {
+    if (findChild<Player*>() == nullptr) {
         const RenderQueue::Pause pause(m_thumbnails->queue());
         m_autosave->update();
     }
@@ -174,118 +228,6 @@ void MainWindow::newShow() {
         const RenderQueue::Pause pause(m_thumbnails->queue());
         m_document->startNew();
     }
-}
-
-void MainWindow::openDialog() {
-    const QString path = QFileDialog::getOpenFileName(
-        this, tr("Open a show"), QFileInfo(m_document->path()).path(), tr("Slideshows (*.vshow)"));
-    if (!path.isEmpty()) {
-        open(path);
-    }
-}
-
-void MainWindow::open(const QString& path) {
-    if (!mayLeaveShow()) {
-        return;
-    }
-    stopPlaying();
-    QStringList problems;
-    switch (paused([&] { return m_document->open(path, &problems); })) {
-        case ShowDocument::OpenResult::Failed:
-            report(tr("Open a show"),
-                   tr("\"%1\" cannot be opened.").arg(QFileInfo(path).fileName()), problems);
-            return;
-        case ShowDocument::OpenResult::LockedByOther:
-            if (QMessageBox::question(this, tr("Open a show"),
-                                      tr("Another window works on this show. Open a copy?")) ==
-                    QMessageBox::Yes &&
-                !paused([&] { return m_document->import(path, {}, &problems); })) {
-                report(tr("Open a show"),
-                       tr("\"%1\" cannot be opened.").arg(QFileInfo(path).fileName()), problems);
-            }
-            return;
-        case ShowDocument::OpenResult::Opened:
-            break;
-    }
-    rememberShow(m_document->path());
-    if (!problems.isEmpty()) {
-        report(tr("Open a show"), tr("Some of the show could not be read."), problems);
-    }
-    const QString copy = Autosave::newerCopyOf(m_document->path());
-    if (!copy.isEmpty()) {
-        recover(copy, m_document->path());
-    }
-}
-
-void MainWindow::recover(const QString& copy, const QString& show) {
-    const QString name = show.isEmpty() ? tr("A show that was never saved")
-                                        : tr("The show \"%1\"").arg(QFileInfo(show).fileName());
-    const QString when =
-        QFileInfo(copy).lastModified().toString(QStringLiteral("yyyy-MM-dd hh:mm"));
-    QMessageBox box(QMessageBox::Question, tr("Recover changes"),
-                    tr("%1 has changes of %2 that were not saved.").arg(name, when), {}, this);
-    const QPushButton* take = box.addButton(tr("Recover"), QMessageBox::AcceptRole);
-    const QPushButton* drop = box.addButton(tr("Delete changes"), QMessageBox::DestructiveRole);
-    box.addButton(tr("Later"), QMessageBox::RejectRole);
-    box.exec();
-    QStringList problems;
-    if (box.clickedButton() == reinterpret_cast<const QAbstractButton*>(take)) {
-        stopPlaying();
-        if (paused([&] { return m_document->import(copy, show, &problems); })) {
-            Autosave::remove(copy);
-            autosave();
-        } else {
-            report(tr("Recover changes"), tr("The changes cannot be read."), problems);
-        }
-    } else if (box.clickedButton() == reinterpret_cast<const QAbstractButton*>(drop)) {
-        Autosave::remove(copy);
-    }
-}
-
-void MainWindow::offerOrphans() {
-    for (const QString& copy : Autosave::orphans()) {
-        if (m_document->slides().count() == 0) {
-            recover(copy, {});
-        }
-    }
-}
-
-bool MainWindow::saveTo(const QString& path) {
-    QString error;
-    {
-        const RenderQueue::Pause pause(m_thumbnails->queue());
-        if (m_document->save(path, &error)) {
-            m_autosave->discard();
-            rememberShow(m_document->path());
-            return true;
-        }
-    }
-    report(tr("Save"), tr("The show could not be saved. What was on disk is unchanged."), {error});
-    return false;
-}
-
-bool MainWindow::save() {
-    return m_document->path().isEmpty() ? saveAs() : saveTo(m_document->path());
-}
-
-bool MainWindow::saveAs() {
-    QString path = QFileDialog::getSaveFileName(this, tr("Save the show"), m_document->path(),
-                                                tr("Slideshows (*.vshow)"));
-    if (path.isEmpty()) {
-        return false;
-    }
-    if (!hostkit::isShowFile(path)) {
-        path += QStringLiteral(".vshow");
-    }
-    return saveTo(path);
-}
-
-void MainWindow::saveAction() {
-    save();
-}
-
-void MainWindow::saveAsAction() {
-    saveAs();
 }
 
 void MainWindow::openPaths(const QStringList& paths) {
@@ -308,17 +250,50 @@ void MainWindow::addFiles(const QStringList& paths, int row) {
         return;
     }
     QApplication::setOverrideCursor(Qt::WaitCursor);
+    SlideModel& slides = m_document->slides();
+    const int before = slides.count();
     const QStringList refused = m_document->addFiles(paths, row, m_preferences.background);
     QApplication::restoreOverrideCursor();
+    if (const int added = slides.count() - before; added > 0) {
+        const QModelIndex first = slides.index(std::clamp(row, 0, before));
+        m_view->setCurrentIndex(first);
+        m_view->selectionModel()->select({first, slides.index(first.row() + added - 1)},
+                                         QItemSelectionModel::ClearAndSelect);
+    }
     if (!refused.isEmpty()) {
         report(tr("Add photos"),
-               tr("%n file(s) are no readable photos.", nullptr, static_cast<int>(refused.size())),
+               tr("%Ln file(s) are no readable photos.", nullptr, static_cast<int>(refused.size())),
                refused);
     }
 }
 
 void MainWindow::removeSelected() {
-    m_document->slides().remove(m_view->selectedRows());
+    const QList<int> rows = m_view->selectedRows();
+    m_document->slides().remove(rows);
+    // So that Delete can be pressed again.
+    if (const int left = m_document->slides().count(); !rows.isEmpty() && left > 0) {
+        m_view->setCurrentIndex(m_document->slides().index(std::min(rows.first(), left - 1)));
+    }
+}
+
+void MainWindow::undo() {
+    m_document->slides().history().undo();
+}
+
+void MainWindow::redo() {
+    m_document->slides().history().redo();
+}
+
+void MainWindow::moveBack() {
+    if (const QList<int> rows = m_view->selectedRows(); !rows.isEmpty()) {
+        m_document->slides().moveTo(rows, rows.first() - 1);
+    }
+}
+
+void MainWindow::moveForward() {
+    if (const QList<int> rows = m_view->selectedRows(); !rows.isEmpty()) {
+        m_document->slides().moveTo(rows, rows.last() + 2);
+    }
 }
 
 void MainWindow::locateSelected() {
@@ -327,12 +302,28 @@ void MainWindow::locateSelected() {
         return;
     }
     const SlidePtr slide = m_document->slides().slide(rows.first());
+    const QString before = slide->path();
     const QString path = QFileDialog::getOpenFileName(
-        this, tr("Locate %1").arg(QFileInfo(slide->path()).fileName()));
-    if (!path.isEmpty()) {
-        const RenderQueue::Pause pause(m_thumbnails->queue());
-        m_document->slides().relocate(rows.first(), path);
-        m_thumbnails->invalidate(slide->id());
+        this, tr("Locate %1").arg(QFileInfo(before).fileName()), QFileInfo(before).path());
+    if (path.isEmpty()) {
+        return;
+    }
+    const RenderQueue::Pause pause(m_thumbnails->queue());
+    const QList<int> found = m_document->slides().relocate(rows.first(), path);
+    for (const int row : found) {
+        m_thumbnails->invalidate(m_document->slides().slide(row)->id());
+    }
+    statusBar()->showMessage(
+        tr("%Ln photo(s) found again", nullptr, static_cast<int>(found.size())), kMessageMs);
+    updateState();
+}
+
+void MainWindow::activateSlide(const QModelIndex& index) {
+    const SlidePtr slide = m_document->slides().slide(index.row());
+    if (slide != nullptr && slide->isMissing()) {
+        locateSelected();
+    } else {
+        editSelected();
     }
 }
 
@@ -371,16 +362,20 @@ void MainWindow::customEvent(QEvent* event) {
 }
 
 void MainWindow::exportShow() {
-    SlideModel& slides = m_document->slides();
-    ExportDialog dialog(slides.count(), this);
+    ExportDialog dialog(m_document->slides().count(), this);
     if (dialog.exec() != QDialog::Accepted) {
         return;
     }
     stopPlaying();
-    const RenderQueue::Pause pause(m_thumbnails->queue());
-    m_isExporting = true;
-    ExportProgress(slides.document(), slides.slides(), dialog.options(), this).exec();
-    m_isExporting = false;
+    ExportOptions options = dialog.options();
+    options.assetsFolder = m_preferences.effectiveAssetsFolder();
+    ExportJob job(options);
+    QString error;
+    if (paused([&] { return job.prepare(*m_document, &error); })) {
+        ExportProgress(job, this).exec();
+    } else {
+        report(tr("Export"), tr("The show could not be prepared for the export."), {error});
+    }
 }
 
 void MainWindow::play() {

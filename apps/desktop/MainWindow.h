@@ -10,6 +10,7 @@
 class QAction;
 class QLabel;
 class QMenu;
+class QToolBar;
 
 namespace vellora::desktop {
 
@@ -38,15 +39,26 @@ protected:
     /// Takes the edit dialog's notifications: the photo's thumbnail is made anew.
     void customEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    /// Speaks another language at once.
+    void changeEvent(QEvent* event) override;
 
 private:
+    /// Makes menus and toolbar, replacing those of another language.
     void createActions();
+    void createFileMenu();
+    void createEditMenu();
+    void createToolBar();
     QAction* action(QMenu* menu, const QString& text, const QKeySequence& key,
                     void (MainWindow::*slot)());
     void fillRecentMenu();
     void showContextMenu(QPoint point);
     void updateState();
     void applyPreferences();
+    /// Thumbnails have the pixels of the screen that the window is on.
+    void sizeThumbnails();
+    /// No thumbnail is made any more for slides that were scrolled away.
+    void forgetUnseen();
     void report(const QString& title, const QString& text, const QStringList& details);
 
     void autosave();
@@ -75,6 +87,13 @@ private:
     void addPhotos();
     void addFiles(const QStringList& paths, int row);
     void removeSelected();
+    void undo();
+    void redo();
+    /// Move the selected photos by one place.
+    void moveBack();
+    void moveForward();
+    /// Edits a photo, or asks where it is.
+    void activateSlide(const QModelIndex& index);
     void locateSelected();
     void editSelected();
     void exportShow();
@@ -87,13 +106,16 @@ private:
     Autosave* m_autosave;
     Thumbnails* m_thumbnails;
     std::optional<RenderQueue::Pause> m_pause;
-    bool m_isExporting = false;
     SlideView* m_view;
     QMenu* m_recent = nullptr;
+    QToolBar* m_bar = nullptr;
     QLabel* m_count;
-    QList<QAction*> m_needsSelection;
-    QList<QAction*> m_needsSlides;
-    QAction* m_locate = nullptr;
+    struct {
+        QAction *create, *open, *save, *exporting;
+        QAction *undo, *redo, *back, *forward;
+        QAction *add, *edit, *remove, *locate, *selectAll;
+        QAction* play;
+    } m_actions{};
 };
 
 }  // namespace vellora::desktop

@@ -17,7 +17,7 @@ int milliseconds(std::int32_t seconds) {
 }  // namespace
 
 Player::Player(std::vector<SlidePtr> slides, int first, QWidget* parent)
-    : QWidget(parent, Qt::Window), m_slides(std::move(slides)), m_current(first) {
+    : QWidget(parent, Qt::Window), m_slides(std::move(slides)), m_current(first), m_queue(1) {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowModality(Qt::ApplicationModal);  // its thread renders the photos of the show
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -43,8 +43,8 @@ void Player::showEvent(QShowEvent* event) {
 void Player::requestAround() {
     const QSize pixels = (QSizeF(size()) * devicePixelRatioF()).toSize();
     std::map<quint64, QImage> kept;
-    // The queue takes the newest request first, so the photo itself comes last.
-    for (const int index : {m_current - 1, m_current + 1, m_current}) {
+    m_queue.clear();
+    for (const int index : {m_current, m_current + 1, m_current - 1}) {
         if (index < 0 || index >= static_cast<int>(m_slides.size())) {
             continue;
         }

@@ -9,7 +9,7 @@ namespace vellora::desktop {
 namespace {
 
 constexpr int kRecentShows = 8;
-const QString kLanguageKey = QStringLiteral("preferences/languageFile");
+const QString kLanguageKey = QStringLiteral("preferences/language");
 const QString kAssetsKey = QStringLiteral("preferences/assetsFolder");
 const QString kBackgroundKey = QStringLiteral("preferences/background");
 const QString kRecentKey = QStringLiteral("recentShows");
@@ -19,7 +19,7 @@ const QString kRecentKey = QStringLiteral("recentShows");
 Preferences Preferences::load() {
     const QSettings settings;
     Preferences result;
-    result.languageFile = settings.value(kLanguageKey).toString();
+    result.language = settings.value(kLanguageKey).toString();
     result.assetsFolder = settings.value(kAssetsKey).toString();
     result.background = settings.value(kBackgroundKey, 0U).toUInt() & 0x00FFFFFFU;
     return result;
@@ -27,7 +27,7 @@ Preferences Preferences::load() {
 
 void Preferences::store() const {
     QSettings settings;
-    settings.setValue(kLanguageKey, languageFile);
+    settings.setValue(kLanguageKey, language);
     settings.setValue(kAssetsKey, assetsFolder);
     settings.setValue(kBackgroundKey, background);
 }
@@ -43,7 +43,8 @@ QStringList recentShows() {
 }
 
 void rememberShow(const QString& path) {
-    QStringList shows = recentShows();
+    // With those that are not there at the moment: their disk may come back.
+    QStringList shows = QSettings().value(kRecentKey).toStringList();
     shows.removeAll(path);
     shows.prepend(path);
     QSettings().setValue(kRecentKey, QStringList(shows.mid(0, kRecentShows)));

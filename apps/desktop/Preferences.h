@@ -9,7 +9,7 @@ namespace vellora::desktop {
 
 /// What the user chose for all shows; kept in the settings store.
 struct Preferences {
-    QString languageFile;  ///< Empty: the built-in English texts.
+    QString language;      ///< As `useLanguage` takes it; empty: the system's.
     QString assetsFolder;  ///< Holds "texteffect", "ArtClip" and "lang"; empty: the shipped ones.
     COLORREF background = 0;
 

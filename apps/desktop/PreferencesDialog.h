@@ -4,6 +4,7 @@
 
 #include "desktop/Preferences.h"
 
+class QComboBox;
 class QLineEdit;
 class QPushButton;
 
@@ -19,12 +20,17 @@ public:
     [[nodiscard]] Preferences preferences() const;
 
 private:
+    void fillLanguages(const QString& choice);
+    /// Asks for a file when the user wants one that is not in the list.
+    void languageActivated(int index);
+    QWidget* assetsRow();
     void chooseBackground();
     void showBackground();
 
-    QLineEdit* m_language;
+    QComboBox* m_language;
     QLineEdit* m_assets;
     QPushButton* m_background;
+    QString m_choice;
     COLORREF m_colour;
 };
 

@@ -1,17 +1,28 @@
 #include "desktop/RenderQueue.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "common/Picture.h"
+#include "common/ReducedPicture.h"
 
 namespace vellora::desktop {
 namespace {
 
 QImage renderJob(const RenderJob& job) {
+    if (!job.fullSize) {
+        QImage reduced = hostkit::reducedPicture(*job.slide->node(), job.fit);
+        if (!reduced.isNull()) {
+            return reduced;
+        }
+    }
     const QImage picture = hostkit::finishedPicture(
         job.slide->node(), job.fullSize ? hostkit::Detail::Full : hostkit::Detail::Preview);
     // Decoded pictures of a long show would fill the memory.
     ReleaseImgBuf(job.slide->node());
+    if (picture.isNull()) {
+        job.slide->checkFile();
+    }
     const bool fits = picture.width() <= job.fit.width() && picture.height() <= job.fit.height();
     return picture.isNull() || fits
                ? picture
@@ -20,7 +31,11 @@ QImage renderJob(const RenderJob& job) {
 
 }  // namespace
 
-RenderQueue::RenderQueue(QObject* parent) : QObject(parent), m_thread([this] { run(); }) {}
+RenderQueue::RenderQueue(int threads, QObject* parent) : QObject(parent) {
+    for (int index = 0; index < threads; ++index) {
+        m_threads.emplace_back([this] { run(); });
+    }
+}
 
 RenderQueue::~RenderQueue() {
     {
@@ -29,19 +44,22 @@ RenderQueue::~RenderQueue() {
         m_waiting.clear();
     }
     m_changed.notify_all();
-    m_thread.join();
+    for (std::thread& thread : m_threads) {
+        thread.join();
+    }
 }
 
 void RenderQueue::request(RenderJob job) {
     {
         const std::lock_guard lock(m_mutex);
-        std::erase_if(m_waiting, [&](const RenderJob& other) { return other.slide == job.slide; });
-        m_waiting.push_front(std::move(job));
-        if (m_waiting.size() > kLongest) {
-            m_waiting.pop_back();
+        const auto same = std::ranges::find(m_waiting, job.slide, &RenderJob::slide);
+        if (same != m_waiting.end()) {
+            *same = std::move(job);
+        } else {
+            m_waiting.push_back(std::move(job));
         }
     }
-    m_changed.notify_all();
+    m_changed.notify_one();
 }
 
 void RenderQueue::clear() {
@@ -49,21 +67,35 @@ void RenderQueue::clear() {
     m_waiting.clear();
 }
 
+void RenderQueue::keepOnly(const QSet<quint64>& slideIds) {
+    const std::lock_guard lock(m_mutex);
+    std::erase_if(m_waiting,
+                  [&](const RenderJob& job) { return !slideIds.contains(job.slide->id()); });
+}
+
+RenderQueue::Waiting::iterator RenderQueue::nextJob() {
+    return m_pauses > 0 ? m_waiting.end()
+                        : std::ranges::find_if(m_waiting, [this](const RenderJob& job) {
+                              return !m_atWork.contains(job.slide->id());
+                          });
+}
+
 void RenderQueue::run() {
     std::unique_lock lock(m_mutex);
     while (true) {
-        m_changed.wait(lock, [this] { return m_stop || (m_pauses == 0 && !m_waiting.empty()); });
+        m_changed.wait(lock, [this] { return m_stop || nextJob() != m_waiting.end(); });
         if (m_stop) {
             return;
         }
-        const RenderJob job = std::move(m_waiting.front());
-        m_waiting.pop_front();
-        m_busy = true;
+        const auto next = nextJob();
+        const RenderJob job = std::move(*next);
+        m_waiting.erase(next);
+        m_atWork.insert(job.slide->id());
         lock.unlock();
         const QImage picture = renderJob(job);
         Q_EMIT rendered(job.slide->id(), picture);
         lock.lock();
-        m_busy = false;
+        m_atWork.remove(job.slide->id());
         m_changed.notify_all();
     }
 }
@@ -71,7 +103,7 @@ void RenderQueue::run() {
 RenderQueue::Pause::Pause(RenderQueue& queue) : m_queue(queue) {
     std::unique_lock lock(m_queue.m_mutex);
     ++m_queue.m_pauses;
-    m_queue.m_changed.wait(lock, [this] { return !m_queue.m_busy; });
+    m_queue.m_changed.wait(lock, [this] { return m_queue.m_atWork.isEmpty(); });
 }
 
 RenderQueue::Pause::~Pause() {

@@ -2,11 +2,13 @@
 
 #include <QImage>
 #include <QObject>
+#include <QSet>
 #include <QSize>
 #include <condition_variable>
 #include <deque>
 #include <mutex>
 #include <thread>
+#include <vector>
 
 #include "desktop/Slide.h"
 
@@ -19,22 +21,22 @@ struct RenderJob {
     bool fullSize = false;  ///< Decode at full size instead of the preview's.
 };
 
-/// Renders slides one after another on a thread of its own. The newest request comes first:
-/// it is what the user looks at now.
+/// Renders slides on threads of its own, in the order in which they were asked for.
 class RenderQueue : public QObject {
     Q_OBJECT
 
 public:
-    explicit RenderQueue(QObject* parent = nullptr);
+    explicit RenderQueue(int threads, QObject* parent = nullptr);
     ~RenderQueue() override;
 
-    /// Asks for a picture. A request for a slide that waits already replaces the waiting one;
-    /// beyond `kLongest` waiting requests the oldest is dropped.
+    /// Asks for a picture. A slide that waits already keeps its place.
     void request(RenderJob job);
     /// Forgets what waits.
     void clear();
+    /// Forgets what waits, except for some slides.
+    void keepOnly(const QSet<quint64>& slideIds);
 
-    /// While it lives, nothing is rendered: its constructor waits for the picture at hand.
+    /// While it lives, nothing is rendered: its constructor waits for the pictures at hand.
     class Pause {
     public:
         explicit Pause(RenderQueue& queue);
@@ -46,22 +48,24 @@ public:
         RenderQueue& m_queue;
     };
 
-    static constexpr std::size_t kLongest = 256;
-
 Q_SIGNALS:
     /// A picture is ready; null when the photo cannot be shown.
     void rendered(quint64 slideId, QImage picture);
 
 private:
+    using Waiting = std::deque<RenderJob>;
+
     void run();
+    /// The first job whose slide no other thread works on: pictures of a slide come in order.
+    Waiting::iterator nextJob();
 
     std::mutex m_mutex;
     std::condition_variable m_changed;
-    std::deque<RenderJob> m_waiting;
+    Waiting m_waiting;
+    QSet<quint64> m_atWork;
     int m_pauses = 0;
-    bool m_busy = false;
     bool m_stop = false;
-    std::thread m_thread;
+    std::vector<std::thread> m_threads;
 };
 
 }  // namespace vellora::desktop

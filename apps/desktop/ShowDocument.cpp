@@ -38,15 +38,26 @@ QString ShowDocument::displayName() const {
     return m_path.isEmpty() ? tr("Untitled") : QFileInfo(m_path).completeBaseName();
 }
 
+ShowDocument::Stamp ShowDocument::Stamp::of(const QString& file) {
+    const QFileInfo info(file);
+    return {info.lastModified(), info.size()};
+}
+
+bool ShowDocument::isChangedOnDisk() const {
+    return !m_path.isEmpty() && QFileInfo::exists(m_path) && Stamp::of(m_path) != m_stamp;
+}
+
 void ShowDocument::setState(const QString& path, bool dirty) {
     m_path = path;
+    m_stamp = Stamp::of(path);
     m_dirty = dirty;
     Q_EMIT stateChanged();
 }
 
 void ShowDocument::markDirty() {
     if (!m_dirty) {
-        setState(m_path, true);
+        m_dirty = true;
+        Q_EMIT stateChanged();
     }
 }
 
@@ -58,6 +69,14 @@ bool ShowDocument::lock(const QString& path) {
     }
     m_lock = std::move(file);
     return true;
+}
+
+QString ShowDocument::lockingComputer(const QString& show) {
+    qint64 process = 0;
+    QString computer;
+    QString program;
+    QLockFile(lockPath(show)).getLockInfo(&process, &computer, &program);
+    return computer;
 }
 
 void ShowDocument::startNew() {
@@ -76,6 +95,7 @@ bool ShowDocument::load(const QString& source, QStringList* problems) {
     }
     m_slides.clear();
     m_slides.insert(0, show->photos);
+    m_slides.history().clear();
     const QString problem = hostkit::loadEdits(*show, m_slides.document());
     if (!problem.isEmpty()) {
         problems->append(tr("The edits cannot be read: %1: %2")

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDateTime>
 #include <QLockFile>
 #include <QObject>
 #include <QStringList>
@@ -23,6 +24,8 @@ public:
     [[nodiscard]] const QString& path() const { return m_path; }
     [[nodiscard]] QString displayName() const;
     [[nodiscard]] bool isDirty() const { return m_dirty; }
+    /// Whether someone else has written the show's file since it was opened or saved here.
+    [[nodiscard]] bool isChangedOnDisk() const;
     void markDirty();
 
     void startNew();
@@ -31,6 +34,8 @@ public:
     /// Opens a show. On failure the present show stays.
     /// @param problems  Receives what was left out, or the reason of the failure.
     OpenResult open(const QString& path, QStringList* problems);
+    /// The computer whose program has locked a show; empty when that cannot be told.
+    static QString lockingComputer(const QString& show);
     /// Reads a show's contents without taking its name: an automatic copy, or the show of another
     /// window. The result counts as changed.
     bool import(const QString& source, const QString& path, QStringList* problems);
@@ -50,8 +55,18 @@ private:
     bool lock(const QString& path);
     void setState(const QString& path, bool dirty);
 
+    /// What tells two states of a file apart.
+    struct Stamp {
+        QDateTime modified;
+        qint64 size = 0;
+
+        static Stamp of(const QString& file);
+        bool operator==(const Stamp&) const = default;
+    };
+
     SlideModel m_slides;
     QString m_path;
+    Stamp m_stamp;
     QJsonObject m_unknown;
     std::unique_ptr<QLockFile> m_lock;
     bool m_dirty = false;

@@ -16,7 +16,7 @@ constexpr int kGap = 6;
 /// What is written where a picture should be.
 QString emptyText(const Slide& slide, const Thumbnails& thumbnails) {
     if (slide.isMissing()) {
-        return SlideDelegate::tr("Photo missing\nRight-click to locate it");
+        return SlideDelegate::tr("Photo missing\nDouble-click to locate it");
     }
     return thumbnails.isUnreadable(slide.id()) ? SlideDelegate::tr("Not a readable photo")
                                                : QString();

@@ -2,6 +2,7 @@
 
 #include <QAbstractListModel>
 #include <QList>
+#include <QUndoStack>
 #include <QUrl>
 #include <memory>
 #include <vector>
@@ -31,14 +32,21 @@ public:
     /// The row of a slide, or -1.
     [[nodiscard]] int rowOf(quint64 slideId) const;
 
-    /// Empties the list, album included.
+    /// What the user did to the list, to be taken back; relocating a photo is no step.
+    [[nodiscard]] QUndoStack& history() { return m_history; }
+
+    /// Empties the list, album and history included.
     void clear();
     /// Puts photos before a row; `count()` puts them last.
     void insert(int row, const std::vector<hostkit::ShowPhoto>& photos);
     void remove(QList<int> rows);
     /// Moves the rows, in their order, before another one.
     void moveTo(QList<int> rows, int before);
-    void relocate(int row, const QString& path);
+    /// Names another file for a photo. Missing photos that have moved along with it are found, too.
+    /// @return The rows that have another file now.
+    QList<int> relocate(int row, const QString& path);
+    /// Shows these slides in this order. No step of the history.
+    void arrange(const std::vector<SlidePtr>& slides);
     /// Tells the views to paint a row again.
     void refresh(int row);
 
@@ -60,11 +68,17 @@ Q_SIGNALS:
     void filesDropped(const QList<QUrl>& files, int row);
 
 private:
+    void removeOthers(const std::vector<SlidePtr>& kept);
+    void reorder(std::vector<SlidePtr> order);
+    void insertMissing(const std::vector<SlidePtr>& slides);
+    /// Arranges the slides as a step of the history.
+    void change(const QString& what, std::vector<SlidePtr> slides);
     /// Brings the module's list into the order of the slides.
     void rebuildDocument();
 
     std::unique_ptr<CImageObj> m_document;
     std::vector<SlidePtr> m_slides;
+    QUndoStack m_history;
 };
 
 }  // namespace vellora::desktop

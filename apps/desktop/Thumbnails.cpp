@@ -1,13 +1,20 @@
 #include "desktop/Thumbnails.h"
 
+#include <QThread>
+#include <algorithm>
+
 namespace vellora::desktop {
 namespace {
 
 constexpr qsizetype kCacheBytes = 96 << 20;
+constexpr int kMostThreads = 4;
 
 }  // namespace
 
-Thumbnails::Thumbnails(QObject* parent) : QObject(parent), m_pictures(kCacheBytes) {
+Thumbnails::Thumbnails(QObject* parent)
+    : QObject(parent),
+      m_pictures(kCacheBytes),
+      m_queue(std::clamp(QThread::idealThreadCount(), 1, kMostThreads)) {
     connect(&m_queue, &RenderQueue::rendered, this, &Thumbnails::store, Qt::QueuedConnection);
 }
 

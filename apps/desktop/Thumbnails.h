@@ -28,6 +28,8 @@ public:
     /// The slide has changed. The old picture is shown until the new one is there.
     void invalidate(quint64 slideId);
     void clear();
+    /// Those of other slides are made when they are looked at again.
+    void keepOnly(const QSet<quint64>& slideIds) { m_queue.keepOnly(slideIds); }
 
     [[nodiscard]] RenderQueue& queue() { return m_queue; }
 

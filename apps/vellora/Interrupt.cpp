@@ -4,7 +4,6 @@
 #include <condition_variable>
 #include <csignal>
 #include <cstdlib>
-#include <mutex>
 #include <utility>
 
 namespace vellora::cli {
@@ -30,10 +29,23 @@ void removeFolder(const std::filesystem::path& folder) {
     }
 }
 
-void watch(const std::stop_token& stop, const std::filesystem::path& folder) {
-    std::mutex mutex;
+}  // namespace
+
+InterruptCleanup::InterruptCleanup() {
+    std::signal(SIGINT, noteSignal);
+    std::signal(SIGTERM, noteSignal);
+}
+
+void InterruptCleanup::watch(std::filesystem::path folder) {
+    m_watcher = std::jthread([this, folder = std::move(folder)](const std::stop_token& stop) {
+        endWhenSignalled(stop, folder);
+    });
+}
+
+void InterruptCleanup::endWhenSignalled(const std::stop_token& stop,
+                                        const std::filesystem::path& folder) {
     std::condition_variable_any stopped;
-    std::unique_lock lock(mutex);
+    std::unique_lock lock(m_mutex);
     while (!stop.stop_requested()) {
         stopped.wait_for(lock, stop, std::chrono::milliseconds(50), [] { return false; });
         if (g_signal != 0) {
@@ -43,18 +55,11 @@ void watch(const std::stop_token& stop, const std::filesystem::path& folder) {
     }
 }
 
-}  // namespace
-
-InterruptCleanup::InterruptCleanup(std::filesystem::path folder) {
-    std::signal(SIGINT, noteSignal);
-    std::signal(SIGTERM, noteSignal);
-    m_watcher = std::jthread(
-        [folder = std::move(folder)](const std::stop_token& stop) { watch(stop, folder); });
-}
-
 InterruptCleanup::~InterruptCleanup() {
-    m_watcher.request_stop();
-    m_watcher.join();
+    if (m_watcher.joinable()) {
+        m_watcher.request_stop();
+        m_watcher.join();
+    }
     std::signal(SIGINT, SIG_DFL);
     std::signal(SIGTERM, SIG_DFL);
 }

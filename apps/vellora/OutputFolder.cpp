@@ -61,7 +61,7 @@ OutputFolder::OutputFolder(const QString& path, bool overwrite)
         m_problem = QStringLiteral("folder '%1' cannot be written to").arg(printable(path));
         return;
     }
-    m_cleanup.emplace(native(m_scratch->path()));
+    m_cleanup.watch(native(m_scratch->path()));
 }
 
 QString OutputFolder::scratchFile(const QString& suffix) {
@@ -71,6 +71,7 @@ QString OutputFolder::scratchFile(const QString& suffix) {
 }
 
 QString OutputFolder::publish(const QString& scratchFile, const QString& name) {
+    const auto undisturbed = m_cleanup.holdOff();
     if (m_overwrite) {
         const QString path = m_dir.filePath(name);
         std::error_code error;

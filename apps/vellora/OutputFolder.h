@@ -4,7 +4,6 @@
 #include <QString>
 #include <QTemporaryDir>
 #include <memory>
-#include <optional>
 
 #include "Interrupt.h"
 
@@ -37,8 +36,8 @@ private:
     QDir m_dir;
     bool m_overwrite;
     QString m_problem;
+    InterruptCleanup m_cleanup;  // goes last, so that no moment is left unwatched
     std::unique_ptr<QTemporaryDir> m_scratch;
-    std::optional<InterruptCleanup> m_cleanup;
 };
 
 }  // namespace vellora::cli

@@ -31,7 +31,7 @@ QString numberedName(const QString& name, int number) {
 }
 
 QStringList planResultNames(const QStringList& photos, const QStringList& inputs,
-                            const QDir& folder, const QString& suffix) {
+                            const QDir& folder, const QString& suffix, bool numbered) {
     const QSet<QString> protectedPaths = pathsOf(photos + inputs);
     const QString realFolder = folder.canonicalPath();
     const auto isInput = [&](const QString& name) {
@@ -41,8 +41,13 @@ QStringList planResultNames(const QStringList& photos, const QStringList& inputs
     QStringList names;
     QSet<QString> taken;
     QHash<QString, int> lastNumber;
+    const auto digits = static_cast<int>(QString::number(photos.size()).size());
     for (const QString& photo : photos) {
-        const QString plain = stemOf(photo) + QLatin1Char('.') + suffix;
+        QString plain = stemOf(photo) + QLatin1Char('.') + suffix;
+        if (numbered) {
+            plain.prepend(
+                QStringLiteral("%1-").arg(names.size() + 1, digits, 10, QLatin1Char('0')));
+        }
         QString name = plain;
         while (taken.contains(name) || isInput(name)) {
             int& number = lastNumber[plain];

@@ -40,7 +40,7 @@ public:
           m_photos(list.photos()),
           m_folder(options.folder, options.overwrite),
           m_names(planResultNames(m_photos, edits.files + list.files, m_folder.dir(),
-                                  options.suffix())),
+                                  options.suffix(), options.numbered)),
           m_renderer(options, edits),
           m_progress(countOwn(), options.quiet) {}
 

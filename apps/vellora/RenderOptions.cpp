@@ -95,6 +95,10 @@ void RenderArguments::addResult(CLI::App& command) {
         ->group(kGroup);
     command.add_flag("--preview", m_flags.preview, "Render at preview size")->group(kGroup);
     command
+        .add_flag("--numbered", m_flags.numbered,
+                  "Start the names with the place in the list of photos")
+        ->group(kGroup);
+    command
         .add_flag("--overwrite", m_flags.overwrite,
                   "Replace results of earlier runs; default: take the\nnext free name")
         ->group(kGroup);

@@ -36,8 +36,9 @@ struct RenderOptions {
     std::optional<std::uint32_t> seed;
     Shard shard;
     bool overwrite = false;
-    QString project;      ///< Edits to begin with; empty for none.
-    QString saveProject;  ///< Where to write the edits of all photos; empty for nowhere.
+    bool numbered = false;  ///< Names start with the place in the list.
+    QString project;        ///< Edits to begin with; empty for none.
+    QString saveProject;    ///< Where to write the edits of all photos; empty for nowhere.
     bool json = false;
     bool quiet = false;
 

@@ -1,3 +1,4 @@
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QImageReader>
 #include <utility>
@@ -13,19 +14,19 @@ namespace {
 /// Why a file cannot be a photo whatever it holds; empty when nothing speaks against it.
 QString obstacle(const QFileInfo& file) {
     if (!file.exists()) {
-        return QStringLiteral("no such file");
+        return QCoreApplication::translate("vellora", "no such file");
     }
     if (file.isDir()) {
-        return QStringLiteral("is a folder");
+        return QCoreApplication::translate("vellora", "is a folder");
     }
     if (!file.isFile()) {
-        return QStringLiteral("is not a regular file");
+        return QCoreApplication::translate("vellora", "is not a regular file");
     }
     if (!file.isReadable()) {
-        return QStringLiteral("may not be read");
+        return QCoreApplication::translate("vellora", "may not be read");
     }
     if (file.size() == 0) {
-        return QStringLiteral("is empty");
+        return QCoreApplication::translate("vellora", "is empty");
     }
     return {};
 }
@@ -89,10 +90,11 @@ bool ReadPhotoInfo(const QString& path, PhotoInfo* info, QString* reason) {
     const QImageIOHandler::Transformations tag = reader.transformation();
     const QSize size = sizeOf(reader);
     if (size.isEmpty()) {
-        return refuse(QStringLiteral("is not a picture that can be read"));
+        return refuse(QCoreApplication::translate("vellora", "is not a picture that can be read"));
     }
     if (qint64{size.width()} * size.height() > kMaxDecodedPixels) {
-        return refuse(QStringLiteral("has %1 x %2 pixels, more than the %3 million that are read")
+        return refuse(QCoreApplication::translate(
+                          "vellora", "has %1 x %2 pixels, more than the %3 million that are read")
                           .arg(size.width())
                           .arg(size.height())
                           .arg(kMaxDecodedPixels / 1'000'000));

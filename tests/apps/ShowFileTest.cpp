@@ -122,6 +122,19 @@ TEST_F(ShowFileTest, WarnsOfValuesOfTheWrongKindAndKeepsThePlaces) {
         warnings.contains(QStringLiteral("photos[1].rotation: expected 0, 90, 180 or 270")));
 }
 
+TEST_F(ShowFileTest, BoundsWhatASmallFileCanAskFor) {
+    const QByteArray start = R"({"format": "vellora-show", "photos": [)";
+    EXPECT_FALSE(read(start + QByteArray("{},").repeated(100'000) + "{}]}"));
+    EXPECT_TRUE(error.contains(QStringLiteral("100000 photos"))) << qPrintable(error);
+    EXPECT_FALSE(read(start + QByteArray("[").repeated(1'000'000)));
+    EXPECT_FALSE(read(R"({"a":)" + QByteArray(R"({"a":)").repeated(100'000)));
+    const auto show = read(start + R"({"path": "a.jpg", "duration": 1e9, "rotation": -1e308,
+        "background": "#1234567", "x": [[[[1e308]]]]}], "version": 1.0})");
+    ASSERT_TRUE(show) << qPrintable(error);
+    EXPECT_EQ(show->photos[0].rotation, 0);
+    EXPECT_EQ(show->photos[0].background, 0U);
+}
+
 TEST_F(ShowFileTest, AFailedWriteLeavesTheOldFile) {
     const auto show = read(kFull);
     ASSERT_TRUE(show);

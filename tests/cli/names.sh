@@ -19,6 +19,19 @@ silent
 holds 4 out
 has_size out/x.jpg 30x30
 
+# Numbered names, the same in all parts of a run.
+cp a/x.jpg b/3-x.jpg
+cp a/x.jpg b/4.jpg
+for part in 1 2; do
+    expect 0 render --out numbered --numbered --shard $part/2 a/x.jpg b/x.jpg b/x-2.jpg b/4.jpg
+done
+holds 4 numbered
+has_size numbered/2-x.jpg 30x30
+exists numbered/4-4.jpg
+expect 0 render --out b --numbered --overwrite a/x.jpg b/x.jpg a/x.jpg b/3-x.jpg
+cmp -s a/x.jpg b/3-x.jpg || fail "a photo was replaced by a numbered result"
+exists b/3-x-2.jpg
+
 # The folder of the photos as the folder of the results, whatever way leads there.
 cp a/x.jpg original.jpg
 ln -s a link

@@ -3,20 +3,65 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QImage>
+#include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 #include <functional>
+#include <utility>
 
 #include <gtest/gtest.h>
 
+#include "desktop/Preferences.h"
+
 namespace vellora::desktop {
+
+/// A disk of a few kilobytes, where the test may make one.
+class SmallDisk {
+public:
+    explicit SmallDisk(QString folder) : m_folder(std::move(folder)) {
+        m_isMounted = QDir().mkpath(m_folder) &&
+                      run(QStringLiteral("mount"),
+                          {QStringLiteral("-t"), QStringLiteral("tmpfs"), QStringLiteral("-o"),
+                           QStringLiteral("size=64k"), QStringLiteral("tmpfs"), m_folder});
+    }
+    ~SmallDisk() {
+        if (m_isMounted) {
+            run(QStringLiteral("umount"), {m_folder});
+        }
+    }
+    SmallDisk(const SmallDisk&) = delete;
+    SmallDisk& operator=(const SmallDisk&) = delete;
+
+    [[nodiscard]] bool isThere() const { return m_isMounted; }
+
+    bool setReadOnly(bool readOnly) {
+        return run(
+            QStringLiteral("mount"),
+            {QStringLiteral("-o"),
+             readOnly ? QStringLiteral("remount,ro") : QStringLiteral("remount,rw"), m_folder});
+    }
+
+private:
+    static bool run(const QString& program, const QStringList& arguments) {
+        QProcess process;
+        process.start(program, arguments);
+        return process.waitForFinished() && process.exitStatus() == QProcess::NormalExit &&
+               process.exitCode() == 0;
+    }
+
+    QString m_folder;
+    bool m_isMounted = false;
+};
 
 /// A folder with photos of plain colours, and settings that touch nobody's own.
 struct DesktopTest : testing::Test {
     DesktopTest() {
         QStandardPaths::setTestModeEnabled(true);
         QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)).removeRecursively();
+        Preferences preferences;
+        preferences.language = QStringLiteral("english");
+        preferences.store();
     }
 
     QTemporaryDir folder;

@@ -1,5 +1,5 @@
 #include <QAbstractButton>
-#include <QDialog>
+#include <QAction>
 #include <QMessageBox>
 #include <QPointer>
 #include <QSignalSpy>
@@ -9,7 +9,7 @@
 #include <vellora/model/DVDImageProps.h>
 
 #include "DesktopFixture.h"
-#include "desktop/ExportJob.h"
+#include "desktop/Autosave.h"
 #include "desktop/MainWindow.h"
 #include "desktop/Player.h"
 #include "desktop/ShowDocument.h"
@@ -28,6 +28,22 @@ struct MainWindowTest : DesktopTest {
         }
         document.addFiles(paths, 0, 0);
         return document.slides().slides();
+    }
+
+    /// Presses a button of the question that comes next.
+    static void answer(QMessageBox::ButtonRole role) {
+        QTimer::singleShot(0, [role] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            for (QAbstractButton* button : box->buttons()) {
+                if (box->buttonRole(button) == role) {
+                    button->click();
+                    return;
+                }
+            }
+            ADD_FAILURE() << "no such button";
+            box->reject();
+        });
     }
 };
 
@@ -60,78 +76,6 @@ TEST_F(MainWindowTest, MakesThumbnailsWhenTheyAreLookedAt) {
     waitFor([&] { return thumbnails.isUnreadable(all[2]->id()); }, "the verdict");
 }
 
-TEST_F(MainWindowTest, ExportsWithUniqueNamesAndNamesFailures) {
-    ShowDocument document;
-    auto all = slides(document, 3);
-    QFile::remove(all[1]->path());
-    ExportOptions options;
-    options.folder = folder.filePath(QStringLiteral("out"));
-    ASSERT_TRUE(QDir().mkpath(options.folder));
-    options.size = {60, 60};
-    QFile taken(options.folder + QStringLiteral("/1-s0.jpg"));
-    ASSERT_TRUE(taken.open(QIODevice::WriteOnly));
-    taken.close();
-
-    ExportJob job(document.slides().document(), all, options, nullptr);
-    QSignalSpy finished(&job, &ExportJob::finished);
-    job.start();
-    waitFor([&] { return finished.size() == 1; }, "the export");
-    EXPECT_EQ(finished[0][0].toInt(), 2);
-    EXPECT_TRUE(finished[0][1].toStringList().first().startsWith(QStringLiteral("s1.png: ")));
-    EXPECT_FALSE(finished[0][2].toBool());
-    EXPECT_EQ(QImage(options.folder + QStringLiteral("/1-s0-2.jpg")).size(), QSize(60, 40));
-    EXPECT_EQ(QImage(options.folder + QStringLiteral("/3-s2.jpg")).size(), QSize(60, 40));
-    EXPECT_EQ(QDir(options.folder).entryList(QDir::Files).size(), 3);
-}
-
-TEST_F(MainWindowTest, ACancelledExportLeavesNoHalfFile) {
-    ShowDocument document;
-    slides(document, 1);
-    std::vector<SlidePtr> all;
-    for (int k = 0; k < 40; ++k) {
-        document.addFiles({photo(QStringLiteral("big%1.png").arg(k), {900, 700})}, 0, 0);
-    }
-    all = document.slides().slides();
-    ExportOptions options;
-    options.folder = folder.filePath(QStringLiteral("out"));
-    ASSERT_TRUE(QDir().mkpath(options.folder));
-    ExportJob job(document.slides().document(), all, options, nullptr);
-    QSignalSpy working(&job, &ExportJob::working);
-    QSignalSpy finished(&job, &ExportJob::finished);
-    job.start();
-    waitFor([&] { return working.size() >= 3; }, "some pictures");
-    job.cancel();
-    waitFor([&] { return finished.size() == 1; }, "the end");
-    EXPECT_TRUE(finished[0][2].toBool());
-    const QStringList files = QDir(options.folder).entryList(QDir::Files | QDir::Hidden);
-    EXPECT_EQ(files.size(), finished[0][0].toInt());
-    for (const QString& name : files) {
-        EXPECT_EQ(QImage(options.folder + QLatin1Char('/') + name).size(), QSize(900, 700));
-    }
-}
-
-TEST_F(MainWindowTest, ThePlayerFollowsTheKeys) {
-    ShowDocument document;
-    const auto all = slides(document, 3);
-    auto* player = new Player(all, 0, nullptr);
-    const QPointer<Player> alive(player);
-    player->resize(300, 200);
-    player->show();
-    QTest::keyClick(player, Qt::Key_Right);
-    EXPECT_EQ(player->current(), 1);
-    QTest::keyClick(player, Qt::Key_End);
-    QTest::keyClick(player, Qt::Key_Right);
-    EXPECT_EQ(player->current(), 2) << "there is none behind the last";
-    QTest::keyClick(player, Qt::Key_Space);
-    EXPECT_TRUE(player->isHalted());
-    QTest::keyClick(player, Qt::Key_Home);
-    EXPECT_EQ(player->current(), 0);
-    waitFor([&] { return player->grab().toImage().pixelColor(150, 100).saturation() > 150; },
-            "the photo on the screen");
-    QTest::keyClick(player, Qt::Key_Escape);
-    waitFor([&] { return alive.isNull(); }, "the end");
-}
-
 TEST_F(MainWindowTest, AsksBeforeChangesAreLost) {
     MainWindow window;
     window.show();
@@ -139,16 +83,9 @@ TEST_F(MainWindowTest, AsksBeforeChangesAreLost) {
     EXPECT_EQ(window.document().slides().count(), 1);
     EXPECT_TRUE(window.isWindowModified());
 
-    const auto answer = [](QMessageBox::StandardButton button) {
-        QTimer::singleShot(0, [button] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
-            box->button(button)->click();
-        });
-    };
-    answer(QMessageBox::Cancel);
+    answer(QMessageBox::RejectRole);
     EXPECT_FALSE(window.close());
-    answer(QMessageBox::Discard);
+    answer(QMessageBox::DestructiveRole);
     EXPECT_TRUE(window.close());
 }
 
@@ -175,13 +112,154 @@ TEST_F(MainWindowTest, AShowIsExchangedWhileItsThumbnailsAreMade) {
     EXPECT_EQ(window.document().slides().document().GetAlbum()->GetSprites().GetSize(), 8);
 }
 
+TEST_F(MainWindowTest, AsksBeforeAShowThatChangedOnDiskIsReplaced) {
+    const QString show = folder.filePath(QStringLiteral("album.vshow"));
+    QString error;
+    {
+        ShowDocument document;
+        slides(document, 2);
+        ASSERT_TRUE(document.save(show, &error));
+    }
+    MainWindow window;
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    window.openPaths({show});
+    window.openPaths({photo(QStringLiteral("more.png"))});
+    QTest::qWait(10);
+    ShowDocument other;
+    QStringList problems;
+    ASSERT_TRUE(other.import(show, {}, &problems));
+    ASSERT_TRUE(other.saveCopy(show, &error));
+
+    const auto photosOnDisk = [&] {
+        const auto stored = hostkit::readShow(show, &problems, &error);
+        return stored ? stored->photos.size() : 0;
+    };
+    answer(QMessageBox::RejectRole);
+    QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(photosOnDisk(), 2U);
+    EXPECT_TRUE(window.isWindowModified());
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    answer(QMessageBox::DestructiveRole);
+    QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(photosOnDisk(), 3U);
+    EXPECT_FALSE(window.isWindowModified());
+}
+
+TEST_F(MainWindowTest, AutomaticCopiesRestWhileTheShowPlays) {
+    MainWindow window;
+    window.show();
+    window.openPaths({photo(QStringLiteral("one.png")), photo(QStringLiteral("two.png"))});
+    QPointer<Player> player = new Player(window.document().slides().slides(), 0, &window);
+    player->show();
+    Autosave& autosave = *window.findChild<Autosave*>();
+    const auto copies = [] {
+        return QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
+                    QStringLiteral("/autosave"))
+            .entryList({QStringLiteral("*.vshow")}, QDir::Files);
+    };
+    Q_EMIT autosave.due();
+    EXPECT_EQ(copies(), QStringList());
+    player->close();
+    waitFor([&] { return player.isNull(); }, "the end of the slideshow");
+    Q_EMIT autosave.due();
+    EXPECT_EQ(copies().size(), 1);
+    answer(QMessageBox::DestructiveRole);
+    EXPECT_TRUE(window.close());
+    EXPECT_EQ(copies(), QStringList());
+}
+
+TEST_F(MainWindowTest, AnotherShowEndsTheSlideshow) {
+    MainWindow window;
+    window.show();
+    const QString show = folder.filePath(QStringLiteral("album.vshow"));
+    QString error;
+    {
+        ShowDocument document;
+        slides(document, 4);
+        ASSERT_TRUE(document.save(show, &error));
+    }
+    for (int round = 0; round < 6; ++round) {
+        window.openPaths({show});
+        const QPointer<Player> player = new Player(window.document().slides().slides(), 0, &window);
+        player->resize(300, 200);
+        player->show();
+        QTest::qWait(round * 5);
+        window.openPaths({show});
+        EXPECT_TRUE(player.isNull());
+    }
+}
+
+TEST_F(MainWindowTest, OnlyTheSlidesThatAreSeenGetThumbnails) {
+    MainWindow window;
+    window.show();
+    QStringList photos;
+    for (int k = 0; k < 200; ++k) {
+        photos.append(photo(QStringLiteral("p%1.png").arg(k), {8, 6}));
+    }
+    window.openPaths(photos);
+    SlideModel& slides = window.document().slides();
+    const QModelIndex last = slides.index(199);
+    waitFor([&] { return window.view().visualRect(last).isValid(); }, "the cards in their places");
+    const SlideView::Rows top = window.view().visibleRows();
+    EXPECT_EQ(top.begin, 0);
+    EXPECT_GT(top.end, 4);
+    EXPECT_LT(top.end, 60);
+    window.view().scrollToBottom();
+    const SlideView::Rows bottom = window.view().visibleRows();
+    EXPECT_EQ(bottom.end, 200);
+    EXPECT_GT(bottom.begin, 140);
+    EXPECT_GT(bottom.end, bottom.begin + 4);
+    Thumbnails& thumbnails = *window.findChild<Thumbnails*>();
+    waitFor([&] { return !thumbnails.picture(slides.slide(199)).isNull(); }, "the last thumbnail");
+    answer(QMessageBox::DestructiveRole);
+    EXPECT_TRUE(window.close());
+}
+
+TEST_F(MainWindowTest, APhotoThatWentIsShownAsMissing) {
+    ShowDocument document;
+    const auto all = slides(document, 1);
+    QFile::remove(all[0]->path());
+    EXPECT_FALSE(all[0]->isMissing()) << "nobody has looked";
+    Thumbnails thumbnails;
+    thumbnails.picture(all[0]);
+    waitFor([&] { return all[0]->isMissing(); }, "the discovery");
+}
+
+TEST_F(MainWindowTest, AnEmptyShowCannotBeExportedOrPlayed) {
+    MainWindow window;
+    window.show();
+    const auto isEnabled = [&window](const QKeySequence& key) {
+        for (const QAction* action : window.findChildren<QAction*>()) {
+            if (action->shortcut() == key) {
+                return action->isEnabled();
+            }
+        }
+        ADD_FAILURE() << "no action for " << qPrintable(key.toString());
+        return false;
+    };
+    const QKeySequence exporting(Qt::CTRL | Qt::Key_E);
+    const QKeySequence playing(Qt::Key_F5);
+    EXPECT_FALSE(isEnabled(exporting));
+    EXPECT_FALSE(isEnabled(playing));
+    window.openPaths({photo(QStringLiteral("one.png"))});
+    EXPECT_TRUE(isEnabled(exporting));
+    EXPECT_TRUE(isEnabled(playing));
+    window.document().slides().remove({0});
+    EXPECT_FALSE(isEnabled(exporting));
+    EXPECT_FALSE(isEnabled(playing));
+    window.document().startNew();
+}
+
 TEST_F(MainWindowTest, RemovesTheSelectedPhotos) {
     MainWindow window;
     window.show();
     window.openPaths({photo(QStringLiteral("one.png")), photo(QStringLiteral("two.png")),
                       photo(QStringLiteral("three.png"))});
     window.view().selectionModel()->select(window.document().slides().index(1),
-                                           QItemSelectionModel::Select);
+                                           QItemSelectionModel::ClearAndSelect);
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     QTest::keyClick(&window.view(), Qt::Key_Delete);

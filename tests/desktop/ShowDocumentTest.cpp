@@ -39,6 +39,10 @@ struct ShowDocumentTest : DesktopTest {
         return result;
     }
 
+    [[nodiscard]] QStringList entriesOf(const QString& name) const {
+        return QDir(folder.filePath(name)).entryList(QDir::AllEntries | QDir::Hidden);
+    }
+
     void addSprite(int row) {
         CDVDImage& image = *slides.slide(row)->node()->data->image;
         image.AddSprite(new CDVDImageProps(&image, QStringLiteral("clip.png")), false);
@@ -122,6 +126,129 @@ TEST_F(ShowDocumentTest, RelocatesAMissingPhotoWithItsEdits) {
     EXPECT_FALSE(slides.slide(0)->isMissing());
     EXPECT_EQ(slides.slide(0)->caption(), QStringLiteral("moved.png"));
     EXPECT_EQ(sprites(0), 1);
+}
+
+TEST_F(ShowDocumentTest, FindsTheOtherPhotosOfAFolderThatWasMoved) {
+    QDir(folder.path()).mkpath(QStringLiteral("old/sub"));
+    document.addFiles({photo(QStringLiteral("old/sub/a.png")), photo(QStringLiteral("old/b.png")),
+                       photo(QStringLiteral("old/c.png")), photo(QStringLiteral("stays.png"))},
+                      0, 0);
+    ASSERT_TRUE(QDir(folder.path()).rename(QStringLiteral("old"), QStringLiteral("new")));
+    QFile::remove(folder.filePath(QStringLiteral("new/c.png")));
+    for (const SlidePtr& slide : slides.slides()) {
+        slide->checkFile();
+    }
+    EXPECT_EQ(slides.relocate(1, folder.filePath(QStringLiteral("new/b.png"))), (QList<int>{1, 0}));
+    EXPECT_EQ(slides.slide(0)->path(), folder.filePath(QStringLiteral("new/sub/a.png")));
+    EXPECT_TRUE(slides.slide(2)->isMissing());
+    EXPECT_EQ(slides.slide(3)->path(), folder.filePath(QStringLiteral("stays.png")));
+    EXPECT_EQ(slides.relocate(2, folder.filePath(QStringLiteral("stays.png"))), QList<int>{2});
+}
+
+TEST_F(ShowDocumentTest, AMovedShowFindsThePhotosThatMovedAlong) {
+    QDir(folder.path()).mkpath(QStringLiteral("trip/photos"));
+    const QString left = photo(QStringLiteral("left.png"));
+    document.addFiles({photo(QStringLiteral("trip/photos/a.png")), left}, 0, 0);
+    addSprite(1);
+    QString error;
+    ASSERT_TRUE(document.save(folder.filePath(QStringLiteral("trip/trip.vshow")), &error));
+    document.startNew();
+    QDir(folder.path()).mkpath(QStringLiteral("far/away"));
+    ASSERT_TRUE(
+        QDir(folder.path()).rename(QStringLiteral("trip"), QStringLiteral("far/away/trip")));
+    QStringList problems;
+    ASSERT_EQ(document.open(folder.filePath(QStringLiteral("far/away/trip/trip.vshow")), &problems),
+              ShowDocument::OpenResult::Opened);
+    EXPECT_EQ(problems, QStringList());
+    EXPECT_FALSE(slides.slide(0)->isMissing());
+    EXPECT_TRUE(slides.slide(1)->isMissing());
+    slides.relocate(1, left);
+    EXPECT_FALSE(slides.slide(1)->isMissing());
+    EXPECT_EQ(sprites(1), 1) << "its edits were kept";
+}
+
+TEST_F(ShowDocumentTest, NoticesThatSomeoneElseSavedTheShow) {
+    addPhotos(2);
+    const QString path = folder.filePath(QStringLiteral("trip.vshow"));
+    QString error;
+    ASSERT_TRUE(document.save(path, &error));
+    EXPECT_FALSE(document.isChangedOnDisk());
+    QTest::qWait(10);
+    {
+        // Another program that knows nothing of the lock.
+        ShowDocument other;
+        QStringList problems;
+        ASSERT_TRUE(other.import(path, {}, &problems));
+        ASSERT_TRUE(other.saveCopy(path, &error));
+    }
+    document.markDirty();
+    EXPECT_TRUE(document.isChangedOnDisk());
+    ASSERT_TRUE(document.save(path, &error));
+    EXPECT_FALSE(document.isChangedOnDisk());
+    QFile::remove(path);
+    EXPECT_FALSE(document.isChangedOnDisk()) << "nothing is lost by writing it again";
+}
+
+TEST_F(ShowDocumentTest, ADiskThatTakesNothingKeepsTheOldShow) {
+    const SmallDisk disk(folder.filePath(QStringLiteral("disk")));
+    if (!disk.isThere()) {
+        GTEST_SKIP() << "no small disk can be made here";
+    }
+    addPhotos(2);
+    const QString path = folder.filePath(QStringLiteral("disk/trip.vshow"));
+    QString error;
+    ASSERT_TRUE(document.save(path, &error)) << qPrintable(error);
+    const QStringList before = entriesOf(QStringLiteral("disk"));
+
+    QStringList many;
+    for (int k = 0; k < 2000; ++k) {
+        many.append(slides.slide(0)->path());
+    }
+    document.addFiles(many, 2, 0);
+    EXPECT_FALSE(document.save(path, &error));
+    EXPECT_FALSE(error.isEmpty());
+    EXPECT_TRUE(document.isDirty());
+    EXPECT_EQ(entriesOf(QStringLiteral("disk")), before);
+    Autosave autosave(document);
+    autosave.update();
+    EXPECT_EQ(entriesOf(QStringLiteral("disk")), before);
+    EXPECT_FALSE(Autosave::newerCopyOf(path).isEmpty()) << "kept among the program's own data";
+    autosave.discard();
+
+    ShowDocument other;
+    QStringList problems;
+    document.startNew();
+    ASSERT_EQ(other.open(path, &problems), ShowDocument::OpenResult::Opened);
+    EXPECT_EQ(problems, QStringList());
+    EXPECT_EQ(other.slides().count(), 2);
+}
+
+TEST_F(ShowDocumentTest, AReadOnlyShowIsOpenedAndSavedElsewhere) {
+    SmallDisk disk(folder.filePath(QStringLiteral("disk")));
+    if (!disk.isThere()) {
+        GTEST_SKIP() << "no small disk can be made here";
+    }
+    addPhotos(2);
+    const QString path = folder.filePath(QStringLiteral("disk/trip.vshow"));
+    QString error;
+    ASSERT_TRUE(document.save(path, &error)) << qPrintable(error);
+    document.startNew();
+    ASSERT_TRUE(disk.setReadOnly(true));
+    QStringList problems;
+    ASSERT_EQ(document.open(path, &problems), ShowDocument::OpenResult::Opened);
+    EXPECT_EQ(problems, QStringList());
+    addSprite(0);
+    document.markDirty();
+    EXPECT_FALSE(document.save(path, &error));
+    EXPECT_EQ(document.path(), path);
+    {
+        Autosave autosave(document);
+        autosave.update();
+        EXPECT_FALSE(Autosave::newerCopyOf(path).isEmpty()) << "kept among the program's own data";
+        autosave.discard();
+    }
+    EXPECT_TRUE(document.save(folder.filePath(QStringLiteral("mine.vshow")), &error));
+    EXPECT_FALSE(document.isDirty());
 }
 
 TEST_F(ShowDocumentTest, AddsFoldersAndNamesWhatIsNoPhoto) {

@@ -1,9 +1,11 @@
 // Writes pictures of every page of the edit dialog, in English and German, at one and two device
 // pixels for each logical pixel:  vellora-screenshots FOLDER
+// In one language, with another system font:  vellora-screenshots --play LANGUAGE PREFIX POINTS
 
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QFont>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <cstdio>
@@ -96,7 +98,12 @@ int main(int argc, char** argv) {
     }
     const QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
-    if (arguments.size() == 4 && arguments[1] == QStringLiteral("--play")) {
+    if (arguments.size() >= 4 && arguments[1] == QStringLiteral("--play")) {
+        if (arguments.size() == 5) {
+            QFont font = QApplication::font();
+            font.setPointSizeF(arguments[4].toDouble());
+            QApplication::setFont(font);
+        }
         return play(arguments[2], arguments[3]);
     }
     if (arguments.size() != 2 || !QDir().mkpath(arguments[1])) {

@@ -39,8 +39,8 @@ struct PhotoInfo {
 /// Reads size and orientation of a photo file.
 ///
 /// @param info    Receives the result; not null.
-/// @param reason  Where given, receives the reason of a failure as an English phrase that goes
-///                behind "FILE: ".
+/// @param reason  Where given, receives the reason of a failure: an English phrase that goes behind
+///                "FILE: ", or what the host's translators make of it in the context "vellora".
 /// @return False when the file is no picture that the module decodes.
 VELLORA_EXPORT bool ReadPhotoInfo(const QString& path, PhotoInfo* info, QString* reason = nullptr);
 

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QStyle>
+#include <algorithm>
 
 #include "ui/controls/ControlId.h"
 #include "ui/controls/CoolButton.h"
@@ -57,11 +58,25 @@ void CCoolToolBar::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void CFlexibleToolBar::resizeEvent(QResizeEvent* /*event*/) {
+    // Equal cells, unless a caption needs more than its share.
     const int count = static_cast<int>(GetButtons().size());
-    for (int index = 0; index < count; ++index) {
-        const int left = width() * index / count;
-        const QRect cell(left, 0, width() * (index + 1) / count - left, height());
-        GetButton(index)->setGeometry(QStyle::visualRect(layoutDirection(), rect(), cell));
+    const int share = width() / std::max(count, 1);
+    const bool fits = std::ranges::all_of(GetButtons(), [share](const CCoolButton* button) {
+        return button->sizeHint().width() <= share;
+    });
+    const auto weight = [&](const CCoolButton* button) {
+        return fits ? 1 : std::min(button->sizeHint().width(), 2 * share);
+    };
+    int total = 0;
+    for (const CCoolButton* button : GetButtons()) {
+        total += weight(button);
+    }
+    int before = 0;
+    for (CCoolButton* button : GetButtons()) {
+        const int left = width() * before / std::max(total, 1);
+        before += weight(button);
+        const QRect cell(left, 0, width() * before / std::max(total, 1) - left, height());
+        button->setGeometry(QStyle::visualRect(layoutDirection(), rect(), cell));
     }
 }
 

@@ -139,8 +139,8 @@ void CPhotoCropFilter::BuildCommands(QBoxLayout& page) {
         commands->addWidget(button, stretch);
         return button;
     };
-    m_restore = add(3045, "Restore To Original", 3);
-    m_save = add(3025, "Save", 2);
+    m_restore = add(3045, "Restore To Original", 2);
+    m_save = add(3025, "Save", 1);
     skin::setPrimary(*m_save);
     connect(m_restore, &QPushButton::clicked, this, &CPhotoCropFilter::OnRestore);
     connect(m_save, &QPushButton::clicked, this, &CPhotoCropFilter::OnSave);

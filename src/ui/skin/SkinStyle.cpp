@@ -16,6 +16,8 @@ constexpr char kPrimaryProperty[] = "velloraPrimary";
 constexpr int kIndicator = 16;
 constexpr int kScrollBar = 11;
 constexpr int kSliderHandle = 16;
+constexpr int kFrame = 2;
+constexpr int kButtonPadding = 5;
 
 bool has(const QStyleOption& option, QStyle::StateFlag flag) {
     return option.state.testFlag(flag);
@@ -69,7 +71,7 @@ void drawButtonLabel(QPainter& painter, const QStyleOptionButton& button, const 
     const bool primary = isPrimary(widget) && enabled;
     const int icon = button.icon.isNull() ? 0 : button.iconSize.width();
     const int gap = icon > 0 && !button.text.isEmpty() ? 7 : 0;
-    const QRect room = button.rect.adjusted(5, 0, -5, 0);
+    const QRect room = button.rect.adjusted(kButtonPadding, 0, -kButtonPadding, 0);
     const QString text = button.fontMetrics.elidedText(
         button.text, Qt::ElideRight, room.width() - icon - gap, Qt::TextShowMnemonic);
     const int width = button.fontMetrics.size(Qt::TextShowMnemonic, text).width();
@@ -206,13 +208,20 @@ int SkinStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
         case PM_SliderLength:
             return kSliderHandle;
         case PM_DefaultFrameWidth:
-            return 2;
+            return kFrame;
         case PM_ButtonShiftHorizontal:
         case PM_ButtonShiftVertical:
             return 0;
         default:
             return QProxyStyle::pixelMetric(metric, option, widget);
     }
+}
+
+QSize SkinStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
+                                  const QSize& contents, const QWidget* widget) const {
+    const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    const int needed = contents.width() + 2 * (kFrame + kButtonPadding);
+    return type == CT_PushButton ? size.expandedTo({needed, 0}) : size;
 }
 
 int SkinStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

@@ -1,0 +1,119 @@
+#include <QPointer>
+#include <limits>
+
+#include "DesktopFixture.h"
+#include "desktop/Player.h"
+#include "desktop/ShowDocument.h"
+
+namespace vellora::desktop {
+namespace {
+
+struct PlayerTest : DesktopTest {
+    ShowDocument document;
+
+    std::vector<SlidePtr> slides(int count, QSize size = {120, 80}) {
+        QStringList paths;
+        for (int k = 0; k < count; ++k) {
+            paths.append(photo(QStringLiteral("s%1.png").arg(k), size,
+                               QColor::fromHsv(k * 120 % 360, 255, 200)));
+        }
+        document.addFiles(paths, 0, 0);
+        return document.slides().slides();
+    }
+
+    static QPointer<Player> play(const std::vector<SlidePtr>& slides) {
+        auto* player = new Player(slides, 0, nullptr);
+        player->resize(300, 200);
+        player->show();
+        return player;
+    }
+
+    static QColor middle(Player& player) { return player.grab().toImage().pixelColor(150, 100); }
+};
+
+TEST_F(PlayerTest, ThePlayerFollowsTheKeys) {
+    const QPointer<Player> player = play(slides(3));
+    QTest::keyClick(player, Qt::Key_Right);
+    EXPECT_EQ(player->current(), 1);
+    QTest::keyClick(player, Qt::Key_End);
+    QTest::keyClick(player, Qt::Key_Right);
+    EXPECT_EQ(player->current(), 2) << "there is none behind the last";
+    QTest::keyClick(player, Qt::Key_Space);
+    EXPECT_TRUE(player->isHalted());
+    QTest::keyClick(player, Qt::Key_Home);
+    EXPECT_EQ(player->current(), 0);
+    waitFor([&] { return middle(*player).saturation() > 150; }, "the photo on the screen");
+    QTest::keyClick(player, Qt::Key_Escape);
+    waitFor([&] { return player.isNull(); }, "the end");
+}
+
+TEST_F(PlayerTest, GoesOnByItselfAndEndsBehindTheLastPhoto) {
+    const auto all = slides(2);
+    for (const SlidePtr& slide : all) {
+        // Durations of a record that no program of ours wrote.
+        slide->record().first_duration = 1;
+        slide->record().second_duration = 1;
+    }
+    const QPointer<Player> player = play(all);
+    QElapsedTimer clock;
+    clock.start();
+    waitFor([&] { return player.isNull() || player->current() == 1; }, "the second photo");
+    EXPECT_GT(clock.elapsed(), 1000);
+    ASSERT_FALSE(player.isNull());
+    QTest::keyClick(player, Qt::Key_Space);
+    QTest::qWait(50);
+    ASSERT_FALSE(player.isNull());
+    QTest::keyClick(player, Qt::Key_Space);
+    waitFor([&] { return player.isNull(); }, "the end");
+}
+
+TEST_F(PlayerTest, StrangeDurationsDoNoHarm) {
+    const auto all = slides(3);
+    all[0]->record().first_duration = 0;
+    all[0]->record().second_duration = 0;
+    all[1]->record().first_duration = std::numeric_limits<std::int32_t>::min();
+    all[1]->record().second_duration = -5;
+    all[2]->record().first_duration = std::numeric_limits<std::int32_t>::max();
+    all[2]->record().second_duration = std::numeric_limits<std::int32_t>::max();
+    const QPointer<Player> player = play(all);
+    for (int index = 0; index < 3; ++index) {
+        waitFor([&] { return middle(*player).value() > 150; }, "the photo on the screen");
+        EXPECT_EQ(player->current(), index);
+        QTest::keyClick(player, Qt::Key_Right);
+    }
+    EXPECT_EQ(player->current(), 2);
+    player->close();
+}
+
+TEST_F(PlayerTest, APhotoThatIsMissingIsNamedAndPassedBy) {
+    const auto all = slides(2);
+    QFile::remove(all[0]->path());
+    const QPointer<Player> player = play(all);
+    const auto hasWriting = [&player] {
+        const QImage picture = player->grab().toImage().convertToFormat(QImage::Format_Grayscale8);
+        int lit = 0;
+        for (int x = 0; x < picture.width(); ++x) {
+            lit += qGray(picture.pixel(x, picture.height() / 2)) > 60 ? 1 : 0;
+        }
+        return lit > 5;
+    };
+    waitFor(hasWriting, "its name");
+    EXPECT_TRUE(all[0]->isMissing());
+    QTest::keyClick(player, Qt::Key_Right);
+    waitFor([&] { return middle(*player).saturation() > 150; }, "the photo behind it");
+    player->close();
+}
+
+TEST_F(PlayerTest, EndsWhileAPhotoIsRendered) {
+    const auto all = slides(2, {1600, 1200});
+    for (int round = 0; round < 8; ++round) {
+        const QPointer<Player> player = play(all);
+        QTest::qWait(round * 6);
+        QTest::keyClick(player, Qt::Key_Right);
+        QTest::keyClick(player, Qt::Key_Escape);
+        waitFor([&] { return player.isNull(); }, "the end");
+    }
+}
+
+}  // namespace
+}  // namespace vellora::desktop
