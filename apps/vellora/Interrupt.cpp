@@ -11,6 +11,8 @@ namespace {
 
 constexpr int kSignalled = 128;  // plus the signal's number: the status shells expect
 constexpr int kAttempts = 20;
+/// The last one says that nobody reads the output any more.
+constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP, SIGPIPE};
 
 volatile std::sig_atomic_t g_signal = 0;
 
@@ -32,8 +34,11 @@ void removeFolder(const std::filesystem::path& folder) {
 }  // namespace
 
 InterruptCleanup::InterruptCleanup() {
-    std::signal(SIGINT, noteSignal);
-    std::signal(SIGTERM, noteSignal);
+    for (const int signal : kSignals) {
+        if (std::signal(signal, noteSignal) == SIG_IGN) {
+            std::signal(signal, SIG_IGN);  // as whoever started the program wants it
+        }
+    }
 }
 
 void InterruptCleanup::watch(std::filesystem::path folder) {
@@ -60,8 +65,11 @@ InterruptCleanup::~InterruptCleanup() {
         m_watcher.request_stop();
         m_watcher.join();
     }
-    std::signal(SIGINT, SIG_DFL);
-    std::signal(SIGTERM, SIG_DFL);
+    for (const int signal : kSignals) {
+        if (std::signal(signal, SIG_DFL) == SIG_IGN) {
+            std::signal(signal, SIG_IGN);
+        }
+    }
 }
 
 }  // namespace vellora::cli

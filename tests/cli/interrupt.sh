@@ -31,4 +31,11 @@ interrupted() {
 }
 interrupted INT 130
 interrupted TERM 143
+interrupted HUP 129
+
+# Nobody reads the reports any more.
+rm -rf out
+"$vellora" render --out out --json $(yes photo.jpg | head -n 20) 2>stderr | head -n 1 >report
+[ "$(wc -l <report)" -eq 1 ] || fail "no report"
+[ -z "$(find out -name '.*' -mindepth 1)" ] || fail "left behind: $(ls -A out)"
 finish
