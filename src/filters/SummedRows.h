@@ -35,6 +35,11 @@ public:
         return m_rows[static_cast<std::size_t>(y)];
     }
 
+    /// How far a row's sums mostly lie before those of the next row.
+    [[nodiscard]] std::ptrdiff_t toNextRow() const {
+        return static_cast<std::ptrdiff_t>(m_rowLength);
+    }
+
     /// Adds the sums over the pixels right of column x0 up to x1, below row y0 up to y1, to three
     /// totals. The box may have any size.
     void addBox(int x0, int y0, int x1, int y1, double* totals) const;
