@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <cstddef>
 
 #include <opencv2/core.hpp>
 
@@ -9,6 +10,10 @@
 class QPainter;
 
 namespace vellora {
+
+/// Asks for large pages where memory is still untouched: most of the time that a fresh picture
+/// takes is spent on small ones. The system is free to ignore it.
+void preferLargePages(void* data, std::size_t size);
 
 /// A new 8-bit, 3-channel image, its pixels not initialised; null when it cannot be made.
 ImagePtr makeImage(int width, int height);

@@ -1,6 +1,8 @@
 #include <QImage>
 #include <QPainter>
 
+#include <opencv2/core/core_c.h>
+
 #include <vellora/filters/PhotoProcessor.h>
 #include <vellora/model/DVDAlbumImage.h>
 #include <vellora/model/DVDImage.h>
@@ -102,8 +104,12 @@ void CDVDImage::Draw(QPainter& painter, int fitMode) {
     DrawSprites(painter);
 }
 
+bool CDVDImage::SuppressesSprites() const {
+    return m_node != nullptr && m_node->suppress_sprites != 0;
+}
+
 void CDVDImage::DrawSprites(QPainter& painter) {
-    if (m_node != nullptr && m_node->suppress_sprites != 0) {
+    if (SuppressesSprites()) {
         return;
     }
     if (m_album != nullptr) {
@@ -137,13 +143,28 @@ QImage CDVDImage::Compose(int width, int height, int fitMode) {
     }
     QImage surface(width, height, QImage::Format_BGR888);
     if (!surface.isNull()) {
+        preferLargePages(surface.bits(), static_cast<std::size_t>(surface.sizeInBytes()));
         QPainter painter(&surface);
         Draw(painter, fitMode);
     }
     return surface;
 }
 
+bool CDVDImage::IsPhotoAlone(int fitMode) const {
+    const Size photo{m_processor->GetWidth(), m_processor->GetHeight()};
+    const Size canvas{m_canvasWidth, m_canvasHeight};
+    const bool hasSprites =
+        !GetSprites().IsEmpty() || (m_album != nullptr && !m_album->GetSprites().IsEmpty());
+    return m_processor->GetWorking() != nullptr && !m_processor->IsScaled() && photo == canvas &&
+           placedRect(photo, canvas, fitMode) == Rect{0, 0, canvas.width, canvas.height} &&
+           (!hasSprites || SuppressesSprites());
+}
+
 int CDVDImage::SaveAsJpeg(const QString& path, int quality, int fitMode) {
+    if (IsPhotoAlone(fitMode)) {
+        writeJpeg(path, cv::cvarrToMat(m_processor->GetWorking()), quality);
+        return 1;
+    }
     QImage surface = Compose(m_canvasWidth, m_canvasHeight, fitMode);
     if (!surface.isNull()) {
         writeJpeg(path, matView(surface), quality);
