@@ -2,10 +2,10 @@
 
 #include <QPainter>
 #include <QTransform>
-#include <cstdint>
 
 #include <opencv2/core/core_c.h>
-#include <sys/mman.h>
+
+#include "base/LargePages.h"
 
 namespace vellora {
 namespace {
@@ -26,16 +26,6 @@ QImage* plainTarget(const QPainter& painter) {
 
 void IplImageDeleter::operator()(IplImage* image) const noexcept {
     cvReleaseImage(&image);
-}
-
-void preferLargePages(void* data, std::size_t size) {
-    constexpr std::uintptr_t kLargePage = std::uintptr_t{2} << 20U;
-    const auto begin = reinterpret_cast<std::uintptr_t>(data);
-    const std::uintptr_t first = (begin + kLargePage - 1) / kLargePage * kLargePage;
-    const std::uintptr_t last = (begin + size) / kLargePage * kLargePage;
-    if (first < last) {
-        madvise(reinterpret_cast<void*>(first), last - first, MADV_HUGEPAGE);
-    }
 }
 
 ImagePtr makeImage(int width, int height) {

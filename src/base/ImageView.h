@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QImage>
-#include <cstddef>
 
 #include <opencv2/core.hpp>
 
@@ -10,10 +9,6 @@
 class QPainter;
 
 namespace vellora {
-
-/// Asks for large pages where memory is still untouched: most of the time that a fresh picture
-/// takes is spent on small ones. The system is free to ignore it.
-void preferLargePages(void* data, std::size_t size);
 
 /// A new 8-bit, 3-channel image, its pixels not initialised; null when it cannot be made.
 ImagePtr makeImage(int width, int height);

@@ -5,6 +5,7 @@
 
 #include <opencv2/core/hal/intrin.hpp>
 
+#include "base/LargePages.h"
 #include "base/Random.h"
 #include "filters/ImagePreflight.h"
 #include "filters/StrokePlan.h"
@@ -177,7 +178,7 @@ private:
 
     cv::Mat& m_picture;
     const Brush& m_brush;
-    std::vector<Cell> m_cells;
+    LargeVector<Cell> m_cells;
 };
 
 }  // namespace

@@ -6,6 +6,8 @@
 
 #include <opencv2/core.hpp>
 
+#include "base/LargePages.h"
+
 namespace vellora {
 
 /// The latest rows of a summed-area table over a blue-green-red picture.
@@ -49,7 +51,7 @@ private:
     int m_next;
     std::size_t m_kept;
     std::size_t m_rowLength;
-    std::vector<std::uint32_t> m_sums;
+    LargeVector<std::uint32_t> m_sums;
     std::vector<std::uint32_t*> m_rows;  // of the picture, those that are kept
 };
 

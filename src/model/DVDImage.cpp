@@ -11,6 +11,7 @@
 
 #include "base/ImageView.h"
 #include "base/JpegEncoder.h"
+#include "base/LargePages.h"
 #include "base/ModuleState.h"
 #include "base/StageFit.h"
 #include "text/PhotoFacts.h"
