@@ -121,7 +121,7 @@ public:
         // Enough strokes at a time for a tile to be worth fetching, in memory that is small next to
         // that of the cells.
         const std::size_t batch = m_picture.total() / 16 + 65536;
-        StrokePlan plan(m_picture, m_brush, false);
+        StrokePlan plan(m_picture, m_brush, StrokePlan::Layers::Many);
         for (auto strokes = plan.next(batch); !strokes.empty(); strokes = plan.next(batch)) {
             StrokeTiles(m_picture.size(), m_brush, strokes)
                 .forEachTile([this](const StrokeTile& tile, const auto& touching) {
