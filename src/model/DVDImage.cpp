@@ -37,6 +37,17 @@ void expandMacros(const CDVDImage& record, CDVDImageText& text) {
     text.SetDisplayText(expanded);
 }
 
+bool suppressesSprites(const _PHOTO_LIST_NODE* node) {
+    return node != nullptr && node->suppress_sprites != 0;
+}
+
+/// Whether the photo is placed on the canvas as it is and leaves nothing of it free.
+bool isWholeCanvas(const CPhotoProcessor& photo, Size canvas, int fitMode) {
+    return photo.GetWorking() != nullptr && !photo.IsScaled() && photo.GetWidth() == canvas.width &&
+           photo.GetHeight() == canvas.height &&
+           placedRect(canvas, canvas, fitMode) == Rect{0, 0, canvas.width, canvas.height};
+}
+
 }  // namespace
 
 CDVDImage::CDVDImage() : m_processor(std::make_unique<CPhotoProcessor>()) {}
@@ -105,12 +116,8 @@ void CDVDImage::Draw(QPainter& painter, int fitMode) {
     DrawSprites(painter);
 }
 
-bool CDVDImage::SuppressesSprites() const {
-    return m_node != nullptr && m_node->suppress_sprites != 0;
-}
-
 void CDVDImage::DrawSprites(QPainter& painter) {
-    if (SuppressesSprites()) {
+    if (suppressesSprites(m_node)) {
         return;
     }
     if (m_album != nullptr) {
@@ -151,18 +158,11 @@ QImage CDVDImage::Compose(int width, int height, int fitMode) {
     return surface;
 }
 
-bool CDVDImage::IsPhotoAlone(int fitMode) const {
-    const Size photo{m_processor->GetWidth(), m_processor->GetHeight()};
-    const Size canvas{m_canvasWidth, m_canvasHeight};
+int CDVDImage::SaveAsJpeg(const QString& path, int quality, int fitMode) {
     const bool hasSprites =
         !GetSprites().IsEmpty() || (m_album != nullptr && !m_album->GetSprites().IsEmpty());
-    return m_processor->GetWorking() != nullptr && !m_processor->IsScaled() && photo == canvas &&
-           placedRect(photo, canvas, fitMode) == Rect{0, 0, canvas.width, canvas.height} &&
-           (!hasSprites || SuppressesSprites());
-}
-
-int CDVDImage::SaveAsJpeg(const QString& path, int quality, int fitMode) {
-    if (IsPhotoAlone(fitMode)) {
+    if ((!hasSprites || suppressesSprites(m_node)) &&
+        isWholeCanvas(*m_processor, {m_canvasWidth, m_canvasHeight}, fitMode)) {
         writeJpeg(path, cv::cvarrToMat(m_processor->GetWorking()), quality);
         return 1;
     }

@@ -81,10 +81,7 @@ protected:
     void OnSpriteListChanged() override;
 
 private:
-    [[nodiscard]] bool SuppressesSprites() const;
     void DrawSprite(QPainter& painter, CDVDImageSprite& sprite);
-    /// Whether the composed picture is the photo as it is, pixel by pixel.
-    [[nodiscard]] bool IsPhotoAlone(int fitMode) const;
 
     std::unique_ptr<CPhotoProcessor> m_processor;
     QString m_name;
