@@ -25,7 +25,8 @@ set(VELLORA_DEB_LIBRARY "libvellora${PROJECT_VERSION_MAJOR}")
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_NAME "${VELLORA_DEB_LIBRARY}")
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA "${PROJECT_SOURCE_DIR}/packaging/triggers")
-set(CPACK_DEBIAN_LIBRARY_PACKAGE_RECOMMENDS "qt6-image-formats-plugins")
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_RECOMMENDS
+    "qt6-image-formats-plugins, fonts-liberation")
 set(CPACK_COMPONENT_LIBRARY_DESCRIPTION
     "Photo-editing module for slideshow authoring - library\n Keeps non-destructive edits of photos, shows an edit dialog and renders\n finished pictures. With its text styles, clips and language files.")
 

@@ -13,6 +13,7 @@
 
 #include "Commands.h"
 #include "Console.h"
+#include "common/Display.h"
 
 namespace vellora::cli {
 namespace {
@@ -29,18 +30,6 @@ void useUtf8() {
 void ignoreLibraryMessage(QtMsgType /*type*/, const QMessageLogContext& /*context*/,
                           const QString& /*text*/) {}
 
-/// Says so itself where Qt would end the program.
-void requireDisplay() {
-    for (const char* variable : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"}) {
-        if (!qEnvironmentVariableIsEmpty(variable)) {
-            return;
-        }
-    }
-#if defined(Q_OS_UNIX) && !defined(Q_OS_DARWIN)
-    throw UsageError(QStringLiteral("this command needs a display"));
-#endif
-}
-
 int runGiven(const std::vector<Command>& commands, int argc, char** argv) {
     useUtf8();
     qInstallMessageHandler(ignoreLibraryMessage);
@@ -50,7 +39,9 @@ int runGiven(const std::vector<Command>& commands, int argc, char** argv) {
         return kWrongUsage;
     }
     if (given->opensWindows) {
-        requireDisplay();
+        if (!hostkit::hasDisplay()) {
+            throw UsageError(QStringLiteral("this command needs a display"));
+        }
         const QApplication application(argc, argv);
         return given->run();
     }
