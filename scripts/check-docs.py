@@ -41,10 +41,16 @@ RUN_ELSEWHERE = {
     "./scripts/fuzz.sh 60": (".ci/run", "./scripts/fuzz.sh 10"),
     "./scripts/filter-ratios.sh": (
         ".ci/run", "./scripts/filter-ratios.sh --benchmark_filter=/2/ --benchmark_min_time=0.01"),
+    "./scripts/filter-memory.sh": (".ci/run", "./scripts/filter-memory.sh 1"),
     "./bench/compare_peers.sh": (".ci/run", "./bench/compare_peers.sh docs/filters/original.jpg"),
+    "QT_QPA_PLATFORM=offscreen build/release/bench/vellora_desktop_bench 2000 *.jpg": (
+        ".ci/run",
+        "QT_QPA_PLATFORM=offscreen build/release/bench/vellora_desktop_bench 20 docs/filters/*.jpg"),
     "cmake --preset release": ("scripts/test.sh", "cmake --preset release"),
     "cmake --build --preset release":
         ("scripts/test.sh", 'cmake --build --preset release --parallel "$(nproc)"'),
+    "cmake --build --preset release --target translations":
+        (".ci/run", "cmake --build --preset release --target translations"),
     "cmake --build --preset release --target package":
         ("scripts/check-debs.sh", "cmake --build --preset release --target package >/dev/null"),
 }
