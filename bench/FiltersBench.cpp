@@ -1,3 +1,4 @@
+#include <chrono>
 #include <cmath>
 #include <ctime>
 #include <functional>
@@ -12,14 +13,15 @@
 #include <vellora/filters/FilterCatalogue.h>
 #include <vellora/filters/RandomSeed.h>
 
+#include "base/ImageView.h"
 #include "base/Random.h"
 
 namespace vellora {
 namespace {
 
-// Names are "Filter/<name>/<megapixels>" and "Limit/<work>/<megapixels>"; the counter "s/MP" is
-// the processor time per megapixel on one thread. scripts/filter-ratios.sh sets one
-// against the other.
+// Names are "Filter/<name>/<megapixels>" and "Limit/<work>/<megapixels>", on one thread, and
+// "Threads/<name>/<megapixels>/<threads>". The counter "s/MP" is the processor time per megapixel,
+// "elapsed" the time that passed. scripts/filter-ratios.sh sets one against the other.
 
 using Work = std::function<void(cv::Mat&)>;
 
@@ -43,32 +45,53 @@ cv::Mat photo(int megapixels) {
     return picture;
 }
 
-void measure(benchmark::State& state, const Work& work) {
+/// Leaves nothing of a picture in the caches, which a small one would fit and a large one not.
+void emptyCaches() {
+    static std::vector<char> other(std::size_t{64} << 20U);
+    for (std::size_t i = 0; i < other.size(); i += 64) {
+        ++other[i];
+    }
+    benchmark::ClobberMemory();
+}
+
+double secondsNow() {
+    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch())
+        .count();
+}
+
+void measure(benchmark::State& state, const Work& work, int threads) {
     const auto megapixels = static_cast<int>(state.range(0));
     const cv::Mat original = photo(megapixels);
-    cv::Mat picture = original.clone();
-    const int threads = cv::getNumThreads();
-    cv::setNumThreads(1);
+    const ImagePtr image = copyImage(original);  // in the memory that the module gives pictures
+    cv::Mat picture = cv::cvarrToMat(image.get());
+    const int threadsBefore = cv::getNumThreads();
+    cv::setNumThreads(threads);
     FixRandomSeed(1);
     work(picture);  // images that a limit works into are there from now on
     double seconds = 0;
+    double elapsed = 0;
     for (auto _ : state) {
         original.copyTo(picture);
+        emptyCaches();
+        const double begin = secondsNow();
         const std::clock_t start = std::clock();
         work(picture);
         const double passed = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+        elapsed += secondsNow() - begin;
         state.SetIterationTime(passed);
         seconds += passed;
     }
     ReleaseRandomSeed();
-    cv::setNumThreads(threads);
-    const double pixels = static_cast<double>(picture.total()) / 1e6;
-    state.counters["s/MP"] = seconds / pixels / static_cast<double>(state.iterations());
+    cv::setNumThreads(threadsBefore);
+    const double pixels =
+        static_cast<double>(picture.total()) / 1e6 * static_cast<double>(state.iterations());
+    state.counters["elapsed"] = elapsed / pixels;
+    state.counters["s/MP"] = seconds / pixels;
 }
 
 void add(const std::string& name, const Work& work) {
     benchmark::RegisterBenchmark(name.c_str(),
-                                 [work](benchmark::State& state) { measure(state, work); })
+                                 [work](benchmark::State& state) { measure(state, work, 1); })
         ->Arg(2)
         ->Arg(4)
         ->Arg(12)
@@ -77,9 +100,20 @@ void add(const std::string& name, const Work& work) {
         ->Unit(benchmark::kMillisecond);
 }
 
+void addThreads(const std::string& name, const Work& work) {
+    const auto run = [work](benchmark::State& state) {
+        measure(state, work, static_cast<int>(state.range(1)));
+    };
+    benchmark::RegisterBenchmark(name.c_str(), run)
+        ->Args({12, 1})
+        ->Args({12, 2})
+        ->UseManualTime()
+        ->Unit(benchmark::kMillisecond);
+}
+
 void addFilter(const std::string& label, const std::u16string& name,
                const std::vector<std::int32_t>& factors) {
-    add("Filter/" + label, [name, factors](cv::Mat& picture) {
+    const auto apply = [name, factors](cv::Mat& picture) {
         const std::unique_ptr<COpencvFilterInterface> filter(CreateFilterByName(name.c_str()));
         std::int32_t* const targets[] = {filter->GetFactorOne(), filter->GetFactorTwo(),
                                          filter->GetFactorThree()};
@@ -89,7 +123,9 @@ void addFilter(const std::string& label, const std::u16string& name,
         IplImage header = cvIplImage(picture);
         IplImage* image = &header;
         filter->Apply(&image);
-    });
+    };
+    add("Filter/" + label, apply);
+    addThreads("Threads/" + label, apply);
 }
 
 void addFilters() {

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Measures a shell command: mean CPU seconds and largest peak memory in MB of two runs.
 
-usage: measure.py COMMAND      prints "CPU MB", or "- -" when the command fails
+usage: measure.py COMMAND      prints "CPU MB", or "- -" when the command fails or takes
+longer than five minutes
 """
 
 import os
@@ -10,10 +11,12 @@ import subprocess
 import sys
 
 RUNS = 2
+LONGEST = 300  # seconds
 
 
 def run(command):
-    process = subprocess.Popen(["sh", "-c", command], stdout=subprocess.DEVNULL,
+    process = subprocess.Popen(["timeout", str(LONGEST), "sh", "-c", command],
+                               stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
                                stderr=subprocess.DEVNULL)
     _, status, usage = os.wait4(process.pid, 0)
     if status != 0:

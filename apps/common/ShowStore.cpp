@@ -59,9 +59,9 @@ QString loadEdits(const Show& show, CImageObj& document) {
     if (!QFileInfo::exists(show.projectPath)) {
         return {};
     }
-    const QString problem = problemOf(show.projectPath);
-    if (problem.isEmpty()) {
-        document.LoadFromXMLFile(show.projectPath);
+    QString problem;
+    if (document.LoadFromXMLFile(show.projectPath, &problem) != S_OK && problem.isEmpty()) {
+        problem = QStringLiteral("there is not enough memory");
     }
     return problem;
 }

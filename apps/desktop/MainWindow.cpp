@@ -55,6 +55,8 @@ MainWindow::MainWindow()
       m_view(new SlideView),
       m_count(new QLabel) {
     useLanguage(m_preferences.language);
+    // It is spoken from the start.
+    QCoreApplication::removePostedEvents(this, QEvent::LanguageChange);
     m_view->setModel(&m_document->slides());
     m_view->setItemDelegate(new SlideDelegate(*m_thumbnails, m_view));
     setCentralWidget(m_view);

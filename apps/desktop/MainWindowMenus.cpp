@@ -32,6 +32,10 @@ QAction* MainWindow::action(QMenu* menu, const QString& text, const QKeySequence
 }
 
 void MainWindow::createActions() {
+    // The old menu bar is deleted by the event loop; until then its keys would be ambiguous.
+    for (QAction* old : menuBar()->findChildren<QAction*>()) {
+        old->setShortcuts(QList<QKeySequence>());
+    }
     setMenuBar(new QMenuBar);
     createFileMenu();
     createEditMenu();

@@ -46,7 +46,10 @@ int runGiven(const std::vector<Command>& commands, int argc, char** argv) {
         return given->run();
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application(argc, argv);
+    // Lives on to the end of the process: its own end would look for all fonts of the system, half
+    // of the time of a short run, only to forget them.
+    static int count = argc;
+    [[maybe_unused]] static const auto* application = new QGuiApplication(count, argv);
     return given->run();
 }
 

@@ -5,6 +5,8 @@
 
 #include <opencv2/core/core_c.h>
 
+#include "base/LargePages.h"
+
 namespace vellora {
 namespace {
 
@@ -31,7 +33,9 @@ ImagePtr makeImage(int width, int height) {
         return nullptr;
     }
     try {
-        return ImagePtr(cvCreateImage(cvSize(width, height), IPL_DEPTH_8U, 3));
+        ImagePtr image(cvCreateImage(cvSize(width, height), IPL_DEPTH_8U, 3));
+        preferLargePages(image->imageData, static_cast<std::size_t>(image->imageSize));
+        return image;
     } catch (const cv::Exception&) {
         return nullptr;
     }

@@ -40,6 +40,17 @@ struct JpegErrors {
 
 void stayQuiet(j_common_ptr /*codec*/) {}
 
+/// Ends the data behind the scans that any encoder has use for: each one more is another walk
+/// through the whole picture, for a few bytes of the file.
+void endAfterManyScans(j_common_ptr codec) {
+    constexpr int kMostScans = 100;
+    const auto* reader = reinterpret_cast<j_decompress_ptr>(codec);
+    if (reader->input_scan_number > kMostScans) {
+        reader->src->bytes_in_buffer =
+            0;  // the source then tells the end of the picture, and warns
+    }
+}
+
 /// Reads one JPEG picture. The library reports errors by a long jump, so everything that must be
 /// cleaned up is a member and no local object lives across a call.
 class JpegReader {
@@ -48,6 +59,7 @@ public:
         m_codec.err = jpeg_std_error(&m_errors.manager);
         m_errors.manager.error_exit = escapeOnError;
         m_errors.manager.output_message = stayQuiet;
+        m_progress.progress_monitor = endAfterManyScans;
     }
     ~JpegReader() { jpeg_destroy_decompress(&m_codec); }
     JpegReader(const JpegReader&) = delete;
@@ -59,6 +71,7 @@ public:
             return false;
         }
         jpeg_create_decompress(&m_codec);
+        m_codec.progress = &m_progress;
         jpeg_mem_src(&m_codec, data, static_cast<unsigned long>(size));
         jpeg_read_header(&m_codec, TRUE);
         return true;
@@ -97,6 +110,7 @@ public:
 private:
     jpeg_decompress_struct m_codec{};
     JpegErrors m_errors{};
+    jpeg_progress_mgr m_progress{};
     JSAMPLE* m_row = nullptr;
 };
 

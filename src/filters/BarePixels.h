@@ -3,9 +3,10 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <vector>
 
 #include <opencv2/core.hpp>
+
+#include "base/LargePages.h"
 
 namespace vellora {
 
@@ -79,7 +80,7 @@ private:
     }
 
     std::size_t m_rowWords;
-    std::vector<std::uint64_t> m_words;
+    LargeVector<std::uint64_t> m_words;
 };
 
 }  // namespace vellora

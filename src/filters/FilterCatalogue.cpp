@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <string_view>
@@ -35,30 +36,30 @@
 namespace vellora {
 namespace {
 
-constexpr std::size_t kFilterCount = 26;
+/// One filter of each class. The order is what users see: never change it.
+auto makePrototypes() {
+    return std::to_array<std::unique_ptr<COpencvFilterInterface>>({
+        std::make_unique<CNoneFilter>(),     std::make_unique<CColorMatrixFilter>(),
+        std::make_unique<CGreyFilter>(),     std::make_unique<CBrightnessContrastFilter>(),
+        std::make_unique<CHSLFilter>(),      std::make_unique<CSmoothFilter>(),
+        std::make_unique<CSharpenFilter>(),  std::make_unique<CRedEyeRemoveFilter>(),
+        std::make_unique<CRotateFilter>(),   std::make_unique<CEdgeFilter>(),
+        std::make_unique<CDepthDimFilter>(), std::make_unique<CWaveFilter>(),
+        std::make_unique<CMistFilter>(),     std::make_unique<CSnowFilter>(),
+        std::make_unique<CRainFilter>(),     std::make_unique<CWaterPaintFilter>(),
+        std::make_unique<CWaxPenFilter>(),   std::make_unique<CWaxPenFilter2>(),
+        std::make_unique<COilPaintFilter>(), std::make_unique<CDotPaintFilter>(),
+        std::make_unique<CInverseFilter>(),  std::make_unique<CBlackWhiteFilter>(),
+        std::make_unique<CCarveFilter>(),    std::make_unique<CEmbossmentFilter>(),
+        std::make_unique<CCanvasFilter>(),   std::make_unique<CWoodFilter>(),
+    });
+}
 
-/// One prototype of each filter class. The order is what users see: never change it.
 class Catalogue {
 public:
-    Catalogue()
-        : m_owned{
-              std::make_unique<CNoneFilter>(),     std::make_unique<CColorMatrixFilter>(),
-              std::make_unique<CGreyFilter>(),     std::make_unique<CBrightnessContrastFilter>(),
-              std::make_unique<CHSLFilter>(),      std::make_unique<CSmoothFilter>(),
-              std::make_unique<CSharpenFilter>(),  std::make_unique<CRedEyeRemoveFilter>(),
-              std::make_unique<CRotateFilter>(),   std::make_unique<CEdgeFilter>(),
-              std::make_unique<CDepthDimFilter>(), std::make_unique<CWaveFilter>(),
-              std::make_unique<CMistFilter>(),     std::make_unique<CSnowFilter>(),
-              std::make_unique<CRainFilter>(),     std::make_unique<CWaterPaintFilter>(),
-              std::make_unique<CWaxPenFilter>(),   std::make_unique<CWaxPenFilter2>(),
-              std::make_unique<COilPaintFilter>(), std::make_unique<CDotPaintFilter>(),
-              std::make_unique<CInverseFilter>(),  std::make_unique<CBlackWhiteFilter>(),
-              std::make_unique<CCarveFilter>(),    std::make_unique<CEmbossmentFilter>(),
-              std::make_unique<CCanvasFilter>(),   std::make_unique<CWoodFilter>(),
-          } {
-        for (std::size_t i = 0; i < kFilterCount; ++i) {
-            m_prototypes[i] = m_owned[i].get();
-        }
+    Catalogue() {
+        std::ranges::transform(m_owned, m_prototypes.begin(),
+                               [](const auto& filter) { return filter.get(); });
     }
 
     [[nodiscard]] std::span<const COpencvFilterInterface* const> prototypes() const {
@@ -66,8 +67,8 @@ public:
     }
 
 private:
-    std::array<std::unique_ptr<COpencvFilterInterface>, kFilterCount> m_owned;
-    std::array<const COpencvFilterInterface*, kFilterCount> m_prototypes{};
+    decltype(makePrototypes()) m_owned = makePrototypes();
+    std::array<const COpencvFilterInterface*, std::tuple_size_v<decltype(m_owned)>> m_prototypes{};
 };
 
 const Catalogue g_catalogue;

@@ -5,6 +5,7 @@
 
 #include <opencv2/core/hal/intrin.hpp>
 
+#include "base/LargePages.h"
 #include "base/Random.h"
 #include "filters/ImagePreflight.h"
 #include "filters/StrokePlan.h"
@@ -51,11 +52,14 @@ std::vector<BrushOffset> slantedStroke(int halfLength) {
     return offsets;
 }
 
-/// A pixel and the number of strokes that have touched it, together for one memory access.
-struct Cell {
-    std::uint32_t colour = kWhite;  // blue in the low byte
-    std::uint32_t strokes = 0;
-};
+/// A colour, blue in the low byte, and in the high byte the number of strokes that have touched the
+/// pixel. From 255 on it does not matter how many: the mean of so many and one more stays as it is
+/// or falls by one level.
+using Cell = std::uint32_t;
+
+constexpr Cell kColourMask = 0xFFFFFF;
+constexpr Cell kOneStroke = 0x1000000;
+constexpr Cell kManyStrokes = 255 * kOneStroke;
 
 std::uint32_t packed(const cv::Vec3b& pixel) {
     return pixel[0] | static_cast<std::uint32_t>(pixel[1]) << 8U |
@@ -74,8 +78,9 @@ public:
         : m_colour(colour), m_levels(levelsOf(colour) + cv::v_setall_f32(0.5F)) {}
 
     void layOver(Cell& cell) const {
-        cell.colour = cell.colour == kWhite ? m_colour : mixed(cell);
-        ++cell.strokes;
+        const Cell colour = (cell & kColourMask) == kWhite ? m_colour : mixed(cell);
+        const Cell strokes = cell & kManyStrokes;
+        cell = colour | (strokes == kManyStrokes ? strokes : strokes + kOneStroke);
     }
 
 private:
@@ -90,31 +95,16 @@ private:
         return cv::v_cvt_f32(cv::v_reinterpret_as_s32(low));
     }
 
-    /// The mean of all strokes on a cell and this one, truncated.
-    [[nodiscard]] std::uint32_t mixed(const Cell& cell) const {
-        // Half a level more than the sum lies far enough from whole multiples of the number of
-        // strokes for single precision to truncate the quotient as whole numbers would.
-        constexpr std::uint32_t kExact = 4096;
-        if (cell.strokes >= kExact) {
-            return mixedExactly(cell);
-        }
-        const auto strokes = static_cast<float>(static_cast<int>(cell.strokes));
+    /// The mean of all strokes on a cell and this one, truncated. Half a level more than the sum
+    /// lies far enough from whole multiples of the number of strokes for single precision to
+    /// truncate the quotient as whole numbers would.
+    [[nodiscard]] std::uint32_t mixed(Cell cell) const {
+        const auto strokes = static_cast<float>(static_cast<int>(cell / kOneStroke));
         const cv::v_float32x4 sum =
-            cv::v_muladd(levelsOf(cell.colour), cv::v_setall_f32(strokes), m_levels);
+            cv::v_muladd(levelsOf(cell), cv::v_setall_f32(strokes), m_levels);
         const cv::v_int32x4 mean = cv::v_trunc(sum * cv::v_setall_f32(1.0F / (strokes + 1.0F)));
         const cv::v_int16x8 words = cv::v_pack(mean, mean);
-        return cv::v_reinterpret_as_u32(cv::v_pack_u(words, words)).get0();
-    }
-
-    [[nodiscard]] std::uint32_t mixedExactly(const Cell& cell) const {
-        const std::uint64_t strokes = cell.strokes;
-        std::uint32_t mean = 0;
-        for (unsigned shift = 0; shift < 24; shift += 8) {
-            const std::uint64_t sum =
-                (cell.colour >> shift & 0xFFU) * strokes + (m_colour >> shift & 0xFFU);
-            mean |= static_cast<std::uint32_t>(sum / (strokes + 1)) << shift;
-        }
-        return mean;
+        return cv::v_reinterpret_as_u32(cv::v_pack_u(words, words)).get0() & kColourMask;
     }
 
     std::uint32_t m_colour;
@@ -125,13 +115,13 @@ private:
 class OilPainter {
 public:
     OilPainter(cv::Mat& picture, const Brush& brush)
-        : m_picture(picture), m_brush(brush), m_cells(picture.total()) {}
+        : m_picture(picture), m_brush(brush), m_cells(picture.total(), kWhite) {}
 
     void paint() {
         // Enough strokes at a time for a tile to be worth fetching, in memory that is small next to
         // that of the cells.
         const std::size_t batch = m_picture.total() / 16 + 65536;
-        StrokePlan plan(m_picture, m_brush, false);
+        StrokePlan plan(m_picture, m_brush, StrokePlan::Layers::Many);
         for (auto strokes = plan.next(batch); !strokes.empty(); strokes = plan.next(batch)) {
             StrokeTiles(m_picture.size(), m_brush, strokes)
                 .forEachTile([this](const StrokeTile& tile, const auto& touching) {
@@ -163,8 +153,8 @@ private:
             auto* pixels = m_picture.ptr<cv::Vec3b>(tile.area.y + y) + tile.area.x;
             const Cell* cells = rowOf(tile, y);
             for (int x = 0; x < tile.area.width; ++x) {
-                if (cells[x].colour != kWhite) {
-                    pixels[x] = unpacked(cells[x].colour);
+                if (const Cell colour = cells[x] & kColourMask; colour != kWhite) {
+                    pixels[x] = unpacked(colour);
                 }
             }
         }
@@ -177,7 +167,7 @@ private:
 
     cv::Mat& m_picture;
     const Brush& m_brush;
-    std::vector<Cell> m_cells;
+    LargeVector<Cell> m_cells;
 };
 
 }  // namespace

@@ -14,12 +14,12 @@ constexpr std::int64_t kUnpaintedLeft = 500;
 
 }  // namespace
 
-StrokePlan::StrokePlan(const cv::Mat& photo, const Brush& brush, bool stoppable)
+StrokePlan::StrokePlan(const cv::Mat& photo, const Brush& brush, Layers layers)
     : m_photo(photo),
       m_brush(brush),
       m_bare(photo.size()),
       m_remaining(static_cast<std::int64_t>(photo.total())),
-      m_stoppable(stoppable) {}
+      m_layers(layers) {}
 
 std::vector<Stroke> StrokePlan::next(std::size_t most) {
     // Some strokes are drawn ahead, so that the memory is asked for their colours all at once.
@@ -36,13 +36,18 @@ std::vector<Stroke> StrokePlan::next(std::size_t most) {
             strokes.push_back({{x, y}, m_photo.ptr<cv::Vec3b>(y)[x]});
         }
         std::size_t used = first;
+        std::size_t kept = first;
         for (; wantsMore() && used < strokes.size(); ++used) {
+            const std::int64_t fresh = cover(strokes[used]);
             // A stroke that finds nothing bare counts for one pixel, so that the end always comes.
-            m_remaining -= std::max<std::int64_t>(cover(strokes[used]), 1);
-            m_stopped = m_stoppable && abortRequested();
+            m_remaining -= std::max<std::int64_t>(fresh, 1);
+            if (fresh > 0 || m_layers == Layers::Many) {
+                strokes[kept++] = strokes[used];
+            }
+            m_stopped = m_layers == Layers::One && abortRequested();
         }
         random.goBack(places[used - first - 1]);
-        strokes.resize(used);
+        strokes.resize(kept);
     }
     return strokes;
 }

@@ -18,10 +18,13 @@ namespace vellora {
 /// covers the same pixels anew each time.
 class StrokePlan {
 public:
-    /// @param photo      Blue-green-red; gives a stroke the colour under its centre. Shared, and
-    ///                   not to be changed before the last call of `next`.
-    /// @param stoppable  Whether the abort flag ends the plan.
-    StrokePlan(const cv::Mat& photo, const Brush& brush, bool stoppable);
+    /// How many strokes may lie on a pixel. Where only the first one shows, those that find nothing
+    /// bare are not told, and the abort flag ends the plan.
+    enum class Layers { One, Many };
+
+    /// @param photo  Blue-green-red; gives a stroke the colour under its centre. Shared, and not to
+    ///               be changed before the last call of `next`.
+    StrokePlan(const cv::Mat& photo, const Brush& brush, Layers layers);
 
     /// The next strokes, at most `most` of them; none when all are told. Draws from the module's
     /// generator, for each stroke first the column and then the row.
@@ -40,7 +43,7 @@ private:
     const Brush& m_brush;
     BarePixels m_bare;
     std::int64_t m_remaining;
-    bool m_stoppable;
+    Layers m_layers;
     bool m_stopped = false;
 };
 

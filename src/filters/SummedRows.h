@@ -6,6 +6,8 @@
 
 #include <opencv2/core.hpp>
 
+#include "base/LargePages.h"
+
 namespace vellora {
 
 /// The latest rows of a summed-area table over a blue-green-red picture.
@@ -35,6 +37,11 @@ public:
         return m_rows[static_cast<std::size_t>(y)];
     }
 
+    /// How far a row's sums mostly lie before those of the next row.
+    [[nodiscard]] std::ptrdiff_t toNextRow() const {
+        return static_cast<std::ptrdiff_t>(m_rowLength);
+    }
+
     /// Adds the sums over the pixels right of column x0 up to x1, below row y0 up to y1, to three
     /// totals. The box may have any size.
     void addBox(int x0, int y0, int x1, int y1, double* totals) const;
@@ -44,7 +51,7 @@ private:
     int m_next;
     std::size_t m_kept;
     std::size_t m_rowLength;
-    std::vector<std::uint32_t> m_sums;
+    LargeVector<std::uint32_t> m_sums;
     std::vector<std::uint32_t*> m_rows;  // of the picture, those that are kept
 };
 

@@ -63,7 +63,7 @@ void paintTile(cv::Mat tile, cv::Point corner, const auto& strokes, const Brush&
 }
 
 void paintWax(cv::Mat& picture, const Brush& brush) {
-    StrokePlan plan(picture, brush, true);
+    StrokePlan plan(picture, brush, StrokePlan::Layers::One);
     const std::vector<Stroke> strokes = plan.next(picture.total());
     StrokeTiles(picture.size(), brush, strokes)
         .forEachTile([&](const StrokeTile& tile, const auto& touching) {

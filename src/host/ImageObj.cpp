@@ -203,9 +203,15 @@ STATUS CImageObj::SaveToXMLFile(const QString& path) {
 }
 
 STATUS CImageObj::LoadFromXMLFile(const QString& path) {
+    QString reason;
+    const STATUS status = LoadFromXMLFile(path, &reason);
+    return reason.isEmpty() ? status : S_OK;
+}
+
+STATUS CImageObj::LoadFromXMLFile(const QString& path, QString* reason) {
     return guarded([&] {
-        loadProject(path, m_baseFolder, *m_album, editRecords(*m_nodes));
-        return S_OK;
+        *reason = loadProject(path, m_baseFolder, *m_album, editRecords(*m_nodes));
+        return reason->isEmpty() ? S_OK : E_FAIL;
     });
 }
 

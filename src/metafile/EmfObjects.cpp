@@ -3,6 +3,7 @@
 
 #include "metafile/EmfReader.h"
 #include "metafile/EmfRecords.h"
+#include "metafile/Palettes.h"
 
 namespace vellora::metafile {
 namespace {
@@ -10,17 +11,6 @@ namespace {
 constexpr std::uint32_t kStockObject = 0x80000000;
 constexpr std::uint32_t kMaxUserDashes = 16;
 constexpr std::size_t kFaceUnits = 32;
-
-BrushObject brushFrom(std::uint32_t style, ColorRef color, std::uint32_t hatch) {
-    BrushObject brush;
-    brush.color = color;
-    brush.hatch = hatch;
-    if (style == 1)
-        brush.style = BrushObject::Style::Null;
-    else if (style == 2)
-        brush.style = BrushObject::Style::Hatched;
-    return brush;
-}
 
 FontObject fontFrom(RecordView log) {
     FontObject font;
@@ -36,15 +26,6 @@ FontObject fontFrom(RecordView log) {
     for (std::size_t i = 0; i < kFaceUnits && log.u16(28 + i * 2) != 0; ++i)
         font.face += QChar(log.u16(28 + i * 2));
     return font;
-}
-
-std::shared_ptr<Palette> paletteFrom(RecordView record, std::size_t offset, std::size_t count) {
-    auto palette = std::make_shared<Palette>();
-    for (std::size_t i = 0; i < count && record.has(offset + i * 4, 4); ++i) {
-        const std::size_t at = offset + i * 4;
-        palette->push_back(qRgb(record.u8(at), record.u8(at + 1), record.u8(at + 2)));
-    }
-    return palette;
 }
 
 }  // namespace
@@ -78,7 +59,7 @@ bool EmfReader::playObjects(std::uint32_t type, RecordView record) {
             createExtendedPen(record);
             return true;
         case emf::kCreateBrush:
-            m_objects.set(handle, brushFrom(record.u32(12), record.u32(16), record.u32(20)));
+            m_objects.set(handle, brushFromStyle(record.u32(12), record.u32(16), record.u32(20)));
             return true;
         case emf::kCreateMonoBrush:
             createPatternBrush(record, true);
@@ -130,23 +111,17 @@ bool EmfReader::playPalettes(std::uint32_t type, RecordView record) {
     PalettePtr* const palette = object == nullptr ? nullptr : std::get_if<PalettePtr>(object);
     switch (type) {
         case emf::kCreatePalette:
-            m_objects.set(handle, PalettePtr(paletteFrom(record, 16, record.u16(14))));
+            m_objects.set(handle, paletteFrom(record, 16, record.u16(14)));
             return true;
         case emf::kSetPaletteEntries:
             if (palette != nullptr && *palette != nullptr) {
-                auto changed = std::make_shared<Palette>(**palette);
-                const std::size_t start = record.u32(12);
-                const auto colors = paletteFrom(record, 20, record.u32(16));
-                for (std::size_t i = 0; i < colors->size() && start + i < changed->size(); ++i)
-                    (*changed)[start + i] = (*colors)[i];
-                *palette = changed;
+                *palette = withEntries(**palette, record.u32(12),
+                                       *paletteFrom(record, 20, record.u32(16)));
             }
             return true;
         case emf::kResizePalette:
             if (palette != nullptr && *palette != nullptr) {
-                auto changed = std::make_shared<Palette>(**palette);
-                changed->resize(std::min<std::size_t>(record.u32(12), 1024), qRgb(0, 0, 0));
-                *palette = changed;
+                *palette = resized(**palette, record.u32(12));
             }
             return true;
         default:

@@ -6,6 +6,8 @@
 #include <QTextLayout>
 #include <algorithm>
 
+#include "metafile/SymbolText.h"
+
 namespace vellora::metafile {
 namespace {
 
@@ -25,7 +27,9 @@ QFont::StyleHint hintOf(const FontObject& font) {
 }
 
 QFont designFont(const FontObject& font) {
-    QFont result(font.face.isEmpty() ? QStringLiteral("Arial") : font.face);
+    // The text of a font of signs comes as Unicode: what stands in for the font may lack that.
+    const bool isOrdinary = !font.face.isEmpty() && !holdsSigns(font);
+    QFont result(isOrdinary ? font.face : QStringLiteral("Arial"));
     result.setPixelSize(static_cast<int>(Face::kDesignSize));
     result.setWeight(
         static_cast<QFont::Weight>(font.weight <= 0 ? 400 : std::clamp(font.weight, 100, 900)));

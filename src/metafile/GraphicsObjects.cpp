@@ -117,4 +117,13 @@ PenObject penFromStyle(std::uint32_t style, double width, ColorRef color) {
     return pen;
 }
 
+BrushObject brushFromStyle(std::uint32_t style, ColorRef color, std::uint32_t hatch) {
+    BrushObject brush{.color = color, .hatch = hatch};
+    if (style == 1)
+        brush.style = BrushObject::Style::Null;
+    else if (style == 2)
+        brush.style = BrushObject::Style::Hatched;
+    return brush;
+}
+
 }  // namespace vellora::metafile

@@ -101,4 +101,7 @@ GraphicsObject stockObject(std::uint32_t number);
 /// The lines of a pen record's style word (style, caps and joins).
 PenObject penFromStyle(std::uint32_t style, double width, ColorRef color);
 
+/// A brush of one colour, a hatched one or an empty one, as a brush record's style word says.
+BrushObject brushFromStyle(std::uint32_t style, ColorRef color, std::uint32_t hatch);
+
 }  // namespace vellora::metafile

@@ -103,8 +103,12 @@ bool holdsGreek(const FontObject& font) {
 
 }  // namespace
 
+bool holdsSigns(const FontObject& font) {
+    return holdsGreek(font) || holdsPictures(font);
+}
+
 QString decodeBytes(const FontObject& font, const QByteArray& bytes) {
-    if (font.charSet == kSymbolCharSet || holdsGreek(font) || holdsPictures(font))
+    if (font.charSet == kSymbolCharSet || holdsSigns(font))
         return QString::fromLatin1(bytes);
     QStringDecoder decoder(encodingOf(font.charSet));
     if (!decoder.isValid())

@@ -1,5 +1,4 @@
-#include <algorithm>
-
+#include "metafile/Palettes.h"
 #include "metafile/SymbolText.h"
 #include "metafile/WmfReader.h"
 #include "metafile/WmfRecords.h"
@@ -10,15 +9,6 @@ namespace {
 constexpr std::uint16_t kPaletteColors = 1;
 constexpr std::size_t kFaceBytes = 32;
 constexpr std::uint32_t kSourceCopy = 0x00CC0020;
-
-std::shared_ptr<Palette> paletteFrom(RecordView record, std::size_t offset, std::size_t count) {
-    auto palette = std::make_shared<Palette>();
-    for (std::size_t i = 0; i < count && record.has(offset + i * 4, 4); ++i) {
-        const std::size_t at = offset + i * 4;
-        palette->push_back(qRgb(record.u8(at), record.u8(at + 1), record.u8(at + 2)));
-    }
-    return palette;
-}
 
 /// Height, width, y and x, in this order.
 QRectF targetAt(RecordView record, std::size_t offset) {
@@ -42,17 +32,9 @@ bool WmfReader::playObjects(std::uint16_t function, RecordView record) {
         case wmf::kCreatePen:
             m_objects.setAtLowestFree(penFromStyle(record.u16(0), record.i16(2), record.u32(6)));
             return true;
-        case wmf::kCreateBrush: {
-            BrushObject brush;
-            brush.color = record.u32(2);
-            brush.hatch = record.u16(6);
-            if (record.u16(0) == 1)
-                brush.style = BrushObject::Style::Null;
-            else if (record.u16(0) == 2)
-                brush.style = BrushObject::Style::Hatched;
-            m_objects.setAtLowestFree(brush);
+        case wmf::kCreateBrush:
+            m_objects.setAtLowestFree(brushFromStyle(record.u16(0), record.u32(2), record.u16(6)));
             return true;
-        }
         case wmf::kCreateFont:
             createFont(record);
             return true;
@@ -60,18 +42,15 @@ bool WmfReader::playObjects(std::uint16_t function, RecordView record) {
             createDibBrush(record);
             return true;
         case wmf::kCreatePalette:
-            createPalette(record);
+            m_objects.setAtLowestFree(paletteFrom(record, 4, record.u16(2)));
             return true;
         case wmf::kSetPaletteEntries:
         case wmf::kAnimatePalette:
             setPaletteEntries(record);
             return true;
         case wmf::kResizePalette:
-            if (m_canvas.state().palette != nullptr) {
-                auto changed = std::make_shared<Palette>(*m_canvas.state().palette);
-                changed->resize(std::min<std::size_t>(record.u16(0), 1024), qRgb(0, 0, 0));
-                m_canvas.state().palette = changed;
-            }
+            if (PalettePtr& selected = m_canvas.state().palette; selected != nullptr)
+                selected = resized(*selected, record.u16(0));
             return true;
         case wmf::kCreateRegion:
             createRegion(record);
@@ -112,20 +91,10 @@ void WmfReader::createFont(RecordView record) {
     m_objects.setAtLowestFree(font);
 }
 
-void WmfReader::createPalette(RecordView record) {
-    m_objects.setAtLowestFree(PalettePtr(paletteFrom(record, 4, record.u16(2))));
-}
-
 /// Changes the selected palette from an entry on.
 void WmfReader::setPaletteEntries(RecordView record) {
-    if (m_canvas.state().palette == nullptr)
-        return;
-    auto changed = std::make_shared<Palette>(*m_canvas.state().palette);
-    const auto colors = paletteFrom(record, 4, record.u16(2));
-    const std::size_t start = record.u16(0);
-    for (std::size_t i = 0; i < colors->size() && start + i < changed->size(); ++i)
-        (*changed)[start + i] = (*colors)[i];
-    m_canvas.state().palette = changed;
+    if (PalettePtr& selected = m_canvas.state().palette; selected != nullptr)
+        selected = withEntries(*selected, record.u16(0), *paletteFrom(record, 4, record.u16(2)));
 }
 
 void WmfReader::createDibBrush(RecordView record) {

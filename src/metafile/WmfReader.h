@@ -45,7 +45,6 @@ private:
 
     void playPolyPolygon(RecordView record);
     void createFont(RecordView record);
-    void createPalette(RecordView record);
     void createDibBrush(RecordView record);
     void createRegion(RecordView record);
     void setPaletteEntries(RecordView record);

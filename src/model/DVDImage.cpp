@@ -1,6 +1,8 @@
 #include <QImage>
 #include <QPainter>
 
+#include <opencv2/core/core_c.h>
+
 #include <vellora/filters/PhotoProcessor.h>
 #include <vellora/model/DVDAlbumImage.h>
 #include <vellora/model/DVDImage.h>
@@ -9,6 +11,7 @@
 
 #include "base/ImageView.h"
 #include "base/JpegEncoder.h"
+#include "base/LargePages.h"
 #include "base/ModuleState.h"
 #include "base/StageFit.h"
 #include "text/PhotoFacts.h"
@@ -32,6 +35,17 @@ void expandMacros(const CDVDImage& record, CDVDImageText& text) {
     QString expanded;
     macro.Expand(text.GetText(), expanded);
     text.SetDisplayText(expanded);
+}
+
+bool suppressesSprites(const _PHOTO_LIST_NODE* node) {
+    return node != nullptr && node->suppress_sprites != 0;
+}
+
+/// Whether the photo is placed on the canvas as it is and leaves nothing of it free.
+bool isWholeCanvas(const CPhotoProcessor& photo, Size canvas, int fitMode) {
+    return photo.GetWorking() != nullptr && !photo.IsScaled() && photo.GetWidth() == canvas.width &&
+           photo.GetHeight() == canvas.height &&
+           placedRect(canvas, canvas, fitMode) == Rect{0, 0, canvas.width, canvas.height};
 }
 
 }  // namespace
@@ -103,7 +117,7 @@ void CDVDImage::Draw(QPainter& painter, int fitMode) {
 }
 
 void CDVDImage::DrawSprites(QPainter& painter) {
-    if (m_node != nullptr && m_node->suppress_sprites != 0) {
+    if (suppressesSprites(m_node)) {
         return;
     }
     if (m_album != nullptr) {
@@ -137,6 +151,7 @@ QImage CDVDImage::Compose(int width, int height, int fitMode) {
     }
     QImage surface(width, height, QImage::Format_BGR888);
     if (!surface.isNull()) {
+        preferLargePages(surface.bits(), static_cast<std::size_t>(surface.sizeInBytes()));
         QPainter painter(&surface);
         Draw(painter, fitMode);
     }
@@ -144,6 +159,13 @@ QImage CDVDImage::Compose(int width, int height, int fitMode) {
 }
 
 int CDVDImage::SaveAsJpeg(const QString& path, int quality, int fitMode) {
+    const bool hasSprites =
+        !GetSprites().IsEmpty() || (m_album != nullptr && !m_album->GetSprites().IsEmpty());
+    if ((!hasSprites || suppressesSprites(m_node)) &&
+        isWholeCanvas(*m_processor, {m_canvasWidth, m_canvasHeight}, fitMode)) {
+        writeJpeg(path, cv::cvarrToMat(m_processor->GetWorking()), quality);
+        return 1;
+    }
     QImage surface = Compose(m_canvasWidth, m_canvasHeight, fitMode);
     if (!surface.isNull()) {
         writeJpeg(path, matView(surface), quality);

@@ -129,17 +129,18 @@ private:
 
 }  // namespace
 
-void loadProject(const QString& path, const QString& baseFolder, CDVDAlbumImage& album,
-                 const std::vector<CDVDImage*>& photos) {
+QString loadProject(const QString& path, const QString& baseFolder, CDVDAlbumImage& album,
+                    const std::vector<CDVDImage*>& photos) {
     CXMLParse reader;
     if (reader.Open(path) == 0) {
-        return;
+        return reader.Error().Text();
     }
     Loader loader(reader, baseFolder);
     loader.loadAlbum(album);
     for (const auto& [id, nodes] : loader.photos(static_cast<std::int32_t>(photos.size()))) {
         loader.loadPhoto(nodes, *photos[static_cast<std::size_t>(id)]);
     }
+    return {};
 }
 
 bool ReadProject(const QString& path, const QString& baseFolder, ProjectContents* contents,

@@ -15,7 +15,8 @@ class CDVDImage;
 /// the work depends on what the file really holds.
 ///
 /// @param baseFolder  The text-effect base folder, handed to text sprites.
-void loadProject(const QString& path, const QString& baseFolder, CDVDAlbumImage& album,
-                 const std::vector<CDVDImage*>& photos);
+/// @return Why the file cannot be read; empty when it can.
+QString loadProject(const QString& path, const QString& baseFolder, CDVDAlbumImage& album,
+                    const std::vector<CDVDImage*>& photos);
 
 }  // namespace vellora

@@ -15,7 +15,7 @@ namespace {
 
 using Catalogue = std::vector<TextEffectEntry>;
 
-/// More than any list shows; a file may hold millions of ids.
+/// More than any list shows; a file may claim millions.
 constexpr std::int32_t kMaxStyles = 4096;
 constexpr qsizetype kCacheBytes = qsizetype{16} << 20;
 
@@ -30,10 +30,12 @@ std::shared_ptr<const Catalogue> readCatalogue(const QString& path) {
     if (!lists.empty()) {
         lists.front().GetIntAttribute("count", count);
     }
-    for (const auto& [id, node] : numberedChildren(lists, "data", std::min(count, kMaxStyles))) {
-        TextEffectEntry entry{QStringLiteral("Style %1").arg(id + 1), {}};
-        readTextEffect(node, entry.effect);
-        entries->push_back(std::move(entry));
+    count = std::min(count, kMaxStyles);
+    for (std::int32_t id = 0; id < count; ++id) {
+        entries->push_back({QStringLiteral("Style %1").arg(id + 1), {}});
+    }
+    for (const auto& [id, node] : numberedChildren(lists, "data", count)) {
+        readTextEffect(node, (*entries)[static_cast<std::size_t>(id)].effect);
     }
     return entries;
 }

@@ -5,24 +5,33 @@
 #include <vector>
 
 #include "base/FileCache.h"
+#include "base/PhotoDecoder.h"
 
 namespace vellora {
 namespace {
 
-constexpr int kMaxTextureSide = 4096;
+/// A larger picture is kept at this size.
+constexpr int kMaxSide = 4096;
 constexpr qsizetype kCacheBytes = qsizetype{96} << 20;
 
-/// A picture and its reductions, each half as large as the one before.
-using Texture = std::vector<QImage>;
+struct Texture {
+    QSize size;                  ///< Of the picture in its file.
+    std::vector<QImage> levels;  ///< Each half as large as the one before.
+};
 
 std::shared_ptr<const Texture> readTexture(const QString& path) {
+    raiseReaderLimit();
     QImageReader reader(path);
     reader.setDecideFormatFromContent(true);
     const QSize size = reader.size();
     // A drawing may name further files, and those could lie anywhere.
-    if (reader.format().startsWith("svg") || !size.isValid() || size.width() > kMaxTextureSide ||
-        size.height() > kMaxTextureSide) {
+    if (reader.format().startsWith("svg") || size.isEmpty() ||
+        qint64{size.width()} * size.height() > kMaxDecodedPixels) {
         return nullptr;
+    }
+    if (size.width() > kMaxSide || size.height() > kMaxSide) {
+        const QSize kept = size.scaled(kMaxSide, kMaxSide, Qt::KeepAspectRatio);
+        reader.setScaledSize(kept.expandedTo({1, 1}));
     }
     QImage picture = reader.read();
     if (picture.isNull()) {
@@ -30,18 +39,19 @@ std::shared_ptr<const Texture> readTexture(const QString& path) {
     }
     picture.convertTo(QImage::Format_ARGB32_Premultiplied);
     auto texture = std::make_shared<Texture>();
-    texture->push_back(picture);
+    texture->size = size;
+    texture->levels.push_back(picture);
     while (picture.width() > 1 && picture.height() > 1) {
         picture = picture.scaled(picture.width() / 2, picture.height() / 2, Qt::IgnoreAspectRatio,
                                  Qt::SmoothTransformation);
-        texture->push_back(picture);
+        texture->levels.push_back(picture);
     }
     return texture;
 }
 
 qsizetype bytesOf(const Texture& texture) {
     qsizetype bytes = 0;
-    for (const QImage& level : texture) {
+    for (const QImage& level : texture.levels) {
         bytes += level.sizeInBytes();
     }
     return bytes;
@@ -64,13 +74,15 @@ QBrush textureBrush(const QString& path, double detail) {
     if (texture == nullptr) {
         return {};
     }
+    const QSizeF whole = texture->size;
+    const std::vector<QImage>& levels = texture->levels;
+    detail *= whole.width() / levels.front().width();
     std::size_t level = 0;
-    while (detail <= 0.5 && level + 1 < texture->size()) {
+    while (detail <= 0.5 && level + 1 < levels.size()) {
         detail *= 2;
         ++level;
     }
-    const QSizeF whole = texture->front().size();
-    const QImage& picture = (*texture)[level];
+    const QImage& picture = levels[level];
     QBrush brush(picture);
     brush.setTransform(
         QTransform::fromScale(whole.width() / picture.width(), whole.height() / picture.height()));

@@ -1,7 +1,5 @@
 #include "xml/Nesting.h"
 
-#include <algorithm>
-
 #include <pugixml.hpp>
 
 namespace vellora {
@@ -17,8 +15,15 @@ Way wayOf(QByteArrayView tag) {
         return Way::Unknown;
     }
     const QByteArrayView inside = tag.first(end);
-    // With paired double quotes and no single ones the ">" ends the tag.
-    if (std::ranges::count(inside, '"') % 2 != 0 || std::ranges::count(inside, '\'') != 0) {
+    // With paired double quotes and no single ones the ">" ends the tag. Bytes are counted in a
+    // byte, which is quick and enough to tell odd from even.
+    unsigned char doubles = 0;
+    unsigned char singles = 0;
+    for (const char c : inside) {
+        doubles = static_cast<unsigned char>(doubles + (c == '"' ? 1 : 0));
+        singles = static_cast<unsigned char>(singles | (c == '\'' ? 1 : 0));
+    }
+    if (doubles % 2 != 0 || singles != 0) {
         return Way::Unknown;
     }
     switch (inside[1]) {

@@ -53,6 +53,41 @@ void writeCmyk(const QString& path, int width, int height, std::array<JSAMPLE, 4
     std::fclose(file);
 }
 
+/// Writes a grey progressive file that brings every coefficient by a scan of its own, and that in
+/// `steps` scans of a bit each.
+/// @return The number of scans.
+int writeManyScans(const QString& path, const cv::Mat& grey, int steps) {
+    std::vector<jpeg_scan_info> script;
+    for (int coefficient = 0; coefficient < DCTSIZE2; ++coefficient) {
+        for (int bit = steps - 1; bit >= 0; --bit) {
+            const int bitBefore = bit == steps - 1 ? 0 : bit + 1;
+            script.push_back({1, {0}, coefficient, coefficient, bitBefore, bit});
+        }
+    }
+    jpeg_compress_struct codec{};
+    jpeg_error_mgr errors{};
+    codec.err = jpeg_std_error(&errors);
+    jpeg_create_compress(&codec);
+    FILE* file = std::fopen(QFile::encodeName(path).constData(), "wb");
+    jpeg_stdio_dest(&codec, file);
+    codec.image_width = static_cast<JDIMENSION>(grey.cols);
+    codec.image_height = static_cast<JDIMENSION>(grey.rows);
+    codec.input_components = 1;
+    codec.in_color_space = JCS_GRAYSCALE;
+    jpeg_set_defaults(&codec);
+    codec.scan_info = script.data();
+    codec.num_scans = static_cast<int>(script.size());
+    jpeg_start_compress(&codec, TRUE);
+    while (codec.next_scanline < codec.image_height) {
+        JSAMPROW row = const_cast<JSAMPROW>(grey.ptr(static_cast<int>(codec.next_scanline)));
+        jpeg_write_scanlines(&codec, &row, 1);
+    }
+    jpeg_finish_compress(&codec);
+    jpeg_destroy_compress(&codec);
+    std::fclose(file);
+    return static_cast<int>(script.size());
+}
+
 /// The checksum of a PNG chunk (CRC-32 of ISO 3309).
 std::uint32_t crc32(const QByteArray& bytes) {
     std::uint32_t crc = 0xFFFFFFFFU;
@@ -147,6 +182,26 @@ TEST_F(PhotoDecoderTest, KeepsWhatATruncatedFileHolds) {
         const DecodedPhoto photo = decodeJpeg(path("cut.jpg"));
         EXPECT_TRUE(photo.image == nullptr || photo.damaged) << cut;
     }
+}
+
+// A small file could ask for thousands of walks through a large picture.
+TEST_F(PhotoDecoderTest, ReadsNoMoreScansThanAnyoneNeeds) {
+    cv::Mat grey;
+    cv::cvtColor(gradient(200, 150), grey, cv::COLOR_BGR2GRAY);
+    const QString usual = folder.filePath(QStringLiteral("usual.jpg"));
+    ASSERT_EQ(writeManyScans(usual, grey, 1), 64);
+    const DecodedPhoto complete = decodeJpeg(usual);
+    EXPECT_FALSE(complete.damaged);
+    EXPECT_TRUE(identical(pixelsOf(complete), pixelsOf(decodeWithQt(usual))));
+
+    const QString endless = folder.filePath(QStringLiteral("endless.jpg"));
+    ASSERT_EQ(writeManyScans(endless, grey, 8), 512);
+    const DecodedPhoto coarse = decodeJpeg(endless);
+    EXPECT_TRUE(coarse.damaged);
+    ASSERT_EQ(pixelsOf(coarse).size(), grey.size());
+    // The low frequencies come first.
+    EXPECT_NEAR(cv::mean(pixelsOf(coarse))[0], cv::mean(grey)[0], 1);
+    EXPECT_FALSE(identical(pixelsOf(coarse), pixelsOf(complete)));
 }
 
 TEST_F(PhotoDecoderTest, RefusesWhatIsNoPicture) {

@@ -1,4 +1,4 @@
-# README, man page and completions keep up with the program.
+# README and man page keep up with the program.
 . "$(dirname "$0")/harness.sh"
 top="$tests/../.."
 
@@ -19,26 +19,4 @@ for option in $options; do
     sed 's/\\-/-/g' "$top/apps/vellora/share/vellora.1" | grep -qF -e "$option" ||
         fail "man page lacks $option"
 done
-
-# The shell completes commands, options and filter names.
-if command -v bash >/dev/null; then
-    cat >complete.bash <<'BASH'
-PATH="$(dirname "$1"):$PATH"
-source "$2"
-COMP_WORDS=(vellora "${@:3}")
-COMP_CWORD=$(($# - 2))
-_vellora
-printf '%s\n' "${COMPREPLY[@]}"
-BASH
-    completes() {
-        wanted="$1"
-        shift
-        bash complete.bash "$vellora" "$top/apps/vellora/share/vellora.bash" "$@" >stdout 2>stderr
-        grep -qxF -e "$wanted" stdout || fail "completion of '$*' lacks $wanted: $(cat stdout)"
-    }
-    completes render re
-    completes --filter render --fi
-    completes 'Brightness\ Contrast' render --filter Bri
-    completes inside render --fit i
-fi
 finish

@@ -3,15 +3,16 @@
 convert -size 1600x900 xc:red photo.jpg
 
 expect 0 filters
-[ "$(grep -c '^[A-Z]' stdout)" -eq 26 ] || fail "not 26 filters"
+filters="$(grep -c '^[A-Z]' stdout)"
+[ "$filters" -ge 26 ] || fail "only $filters filters"
 grep -q 'Threshold .*0..50, initial 300 (advertised 10)' stdout || fail "Contour's threshold"
 expect 0 filters --json
-python3 - <<'PYTHON' || fail "filters --json"
-import json
+python3 - "$filters" <<'PYTHON' || fail "filters --json"
+import json, sys
 catalogue = json.load(open("stdout"))
 assert [entry["name"] for entry in catalogue][:4] == \
     ["None", "Color Matrix", "Grey", "Brightness Contrast"]
-assert len(catalogue) == 26
+assert len(catalogue) == int(sys.argv[1])
 contour = next(entry for entry in catalogue if entry["name"] == "Contour")
 assert contour["parameters"][1] == {
     "label": "Threshold", "min": 0, "max": 50, "initial": 300, "advertised": 10}

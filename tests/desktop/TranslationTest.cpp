@@ -17,6 +17,8 @@
 #include "desktop/MainWindow.h"
 #include "desktop/Preferences.h"
 #include "desktop/PreferencesDialog.h"
+#include "desktop/ShowDocument.h"
+#include "desktop/SlideView.h"
 
 namespace vellora::desktop {
 namespace {
@@ -150,6 +152,13 @@ TEST_F(TranslationTest, AnOpenWindowChangesItsLanguage) {
     waitFor([&] { return window.menuBar()->actions().first()->text() == u"&Datei"; }, "German");
     EXPECT_EQ(window.menuBar()->actions().size(), 4);
     EXPECT_TRUE(window.windowTitle().startsWith(u"Unbenannt"));
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    window.openPaths({photo(QStringLiteral("one.png"))});
+    window.view().clearSelection();
+    QTest::keyClick(&window.view(), Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(window.view().selectedRows().size(), 1) << "keys are not taken by the old menus";
+    window.document().startNew();
 }
 
 /// The letter behind the ampersand, upper case; null when there is none.

@@ -1,3 +1,4 @@
+#include <QFile>
 #include <QImage>
 #include <QPainter>
 #include <QTemporaryDir>
@@ -9,6 +10,8 @@
 #include <vellora/model/DVDImage.h>
 #include <vellora/model/DVDImageProps.h>
 
+#include "base/ImageView.h"
+#include "base/JpegEncoder.h"
 #include "base/ModuleState.h"
 #include "support/TestPhotos.h"
 
@@ -17,6 +20,12 @@ namespace {
 
 constexpr QRgb kBack = qRgb(10, 20, 30);
 constexpr QRgb kPhoto = qRgb(200, 100, 50);
+
+QByteArray bytesOf(const QString& path) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll();
+}
 
 struct DVDImageTest : testing::Test {
     QTemporaryDir folder;
@@ -61,6 +70,32 @@ struct DVDImageTest : testing::Test {
         return area;
     }
 };
+
+// A photo alone goes into the file without a surface; nothing else may.
+TEST_F(DVDImageTest, SavesWhatItComposes) {
+    const auto expectAsComposed = [this](const char* what, int fitMode) {
+        SCOPED_TRACE(what);
+        const QString saved = folder.filePath(QStringLiteral("saved.jpg"));
+        const QString composed = folder.filePath(QStringLiteral("composed.jpg"));
+        EXPECT_EQ(image.SaveAsJpeg(saved, 90, fitMode), 1);
+        QImage surface = image.Compose(image.GetCanvasWidth(), image.GetCanvasHeight(), fitMode);
+        ASSERT_TRUE(writeJpeg(composed, matView(surface), 90));
+        EXPECT_EQ(bytesOf(saved), bytesOf(composed));
+    };
+    bindPhoto(333, 222);
+    expectAsComposed("a wider canvas", 0);
+    image.SetCanvasSize(333, 222);
+    expectAsComposed("the photo alone", 0);
+    expectAsComposed("the photo alone", 1);
+    addClip(album, QStringLiteral("album"), qRgb(0, 255, 0), QRect(100, 100, 200, 200));
+    expectAsComposed("a clip of the album", 0);
+    node->suppress_sprites = 1;
+    expectAsComposed("suppressed clips", 0);
+    album.RemoveSprite(*album.GetSprites().begin(), true);
+    node->suppress_sprites = 0;
+    addClip(image, QStringLiteral("own"), qRgb(0, 0, 255), QRect(50, 50, 100, 100));
+    expectAsComposed("a clip of its own", 0);
+}
 
 TEST_F(DVDImageTest, PlacesPhotosOnTheCanvas) {
     bindPhoto(300, 200);

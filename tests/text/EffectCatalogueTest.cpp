@@ -74,12 +74,14 @@ TEST_F(EffectCatalogueTest, ListsIdsInOrderUpToTheCount) {
 <data id="2" font_name="C" font_size="3"/><data id="0" font_name="A" font_size="1" shadow="false">
 <shadow offset="9"/></data><data id="1" font_name="B"/><data id="4" font_name="E" font_size="5"/>
 <data id="0" font_name="twice" font_size="1"/></TEXT_EFFECT></r>)");
-    ASSERT_EQ(entries.size(), 3U);
+    ASSERT_EQ(entries.size(), 4U);
     EXPECT_EQ(entries[0].name + entries[1].name + entries[2].name, "Style 1Style 2Style 3");
     EXPECT_EQ(entries[0].effect.GetFontName(), "A");
     EXPECT_EQ(entries[0].effect.shadow_offset, 0) << "a layer that is off is not read";
     EXPECT_EQ(entries[1].effect, TextEffectRecord()) << "listed, but without font size";
     EXPECT_EQ(entries[2].effect.GetFontName(), "C");
+    EXPECT_EQ(entries[3].name, "Style 4");
+    EXPECT_EQ(entries[3].effect, TextEffectRecord()) << "listed, but not in the file";
 }
 
 TEST_F(EffectCatalogueTest, StaysEmptyWithoutAUsableFile) {
@@ -93,20 +95,21 @@ TEST_F(EffectCatalogueTest, StaysEmptyWithoutAUsableFile) {
     }
 }
 
-TEST_F(EffectCatalogueTest, ACountIsOnlyALimit) {
+TEST_F(EffectCatalogueTest, AnEndlessCountIsBounded) {
     QByteArray many = "<TEXT_EFFECT count=\"2147483647\">";
     for (int i = 0; i < 6000; ++i) {
         many += "<data id=\"" + QByteArray::number(i) + "\"/>";
     }
     EXPECT_EQ(load(many + "</TEXT_EFFECT>").size(), 4096U);
-    EXPECT_EQ(load("<TEXT_EFFECT count=\"2147483647\"><data id=\"3\"/></TEXT_EFFECT>").size(), 1U);
+    EXPECT_EQ(load("<TEXT_EFFECT count=\"2147483647\"><data id=\"3\"/></TEXT_EFFECT>").size(),
+              4096U);
 }
 
 TEST_F(EffectCatalogueTest, IsReadAgainWhenTheFileChanges) {
     const QString path = base.filePath("texteffect/effect_list.xml");
     ASSERT_TRUE(QDir(base.path()).mkpath("texteffect"));
     for (int count = 1; count <= 3; ++count) {
-        QByteArray xml = "<TEXT_EFFECT count=\"9\">";
+        QByteArray xml = "<TEXT_EFFECT count=\"" + QByteArray::number(count) + "\">";
         for (int i = 0; i < count; ++i) {
             xml += "<data id=\"" + QByteArray::number(i) + "\" font_name=\"F\" font_size=\"9\"/>";
         }

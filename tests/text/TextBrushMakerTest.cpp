@@ -145,10 +145,22 @@ TEST_F(TextureTest, NothingThatIsNoPictureIsPainted) {
     EXPECT_EQ(brush("broken.png").style(), Qt::NoBrush);
     EXPECT_EQ(brush("empty.png").style(), Qt::NoBrush);
     EXPECT_EQ(brush("names.png").style(), Qt::NoBrush) << "a drawing may name other files";
-    QImage huge(5000, 1, QImage::Format_Mono);
-    huge.fill(1);
+}
+
+TEST_F(TextureTest, AHugePictureKeepsItsSizeButNotItsPixels) {
+    QImage huge(6000, 3, QImage::Format_RGB32);
+    huge.fill(Qt::red);
+    for (int y = 0; y < 3; ++y) {
+        std::fill_n(reinterpret_cast<QRgb*>(huge.scanLine(y)) + 3000, 3000, qRgb(0, 0, 255));
+    }
     ASSERT_TRUE(huge.save(path("texteffect/texture/huge.png")));
-    EXPECT_EQ(brush("huge.png").style(), Qt::NoBrush);
+    const QBrush whole = brush("huge.png");
+    EXPECT_EQ(whole.textureImage().size(), QSize(4096, 2));
+    EXPECT_EQ(whole.transform().map(QPointF(4096, 2)), QPointF(6000, 3));
+    EXPECT_EQ(whole.textureImage().pixelColor(2040, 0), QColor(Qt::red));
+    EXPECT_EQ(whole.textureImage().pixelColor(2056, 0), QColor(Qt::blue));
+    EXPECT_EQ(brush("huge.png", 0.5).textureImage().width(), 4096) << "no detail is lost";
+    EXPECT_EQ(brush("huge.png", 0.3).textureImage().width(), 2048);
 }
 
 TEST_F(TextureTest, IsReadAgainWhenTheFileChanges) {

@@ -127,7 +127,7 @@ void takeAll(Shots& shots, const QDir& photos) {
     QString error;
     job.prepare(window.document(), &error);
     ExportProgress progress(job, &window);
-    wait(kThumbnailPause);
+    wait(2 * kThumbnailPause);
     shots.takeDialog("summary", [&] { progress.exec(); });
     QTimer::singleShot(2 * kDialogPause, [] {
         if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
@@ -177,6 +177,10 @@ int main(int argc, char** argv) {
         large.setPointSizeF(parser.value(font).toDouble());
         QApplication::setFont(large);
     }
+    // The export runs the command line.
+    const QString commandLine =
+        QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("../../apps/vellora"));
+    qputenv("PATH", commandLine.toLocal8Bit() + ':' + qgetenv("PATH"));
     Preferences preferences;
     preferences.language = parser.value(language);
     preferences.store();

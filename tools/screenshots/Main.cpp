@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QFont>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -21,20 +22,26 @@ namespace {
 /// Photos are a little soft: grain would make the pictures of the dialog far larger.
 constexpr QSize kSoftSize{440, 293};
 
+/// The folder that the processes share, so that each photo is painted once.
+constexpr char kPhotosVariable[] = "VELLORA_SCREENSHOT_PHOTOS";
+
 void setText(char16_t* field, const QString& text) {
     std::memcpy(field, text.utf16(), static_cast<std::size_t>(text.size()) * sizeof(char16_t));
 }
 
-/// Three painted photos in a folder, the first of them with title and description.
-std::vector<_PHOTO_LIST_NODE> makePhotos(const QTemporaryDir& folder) {
+/// Three painted photos in a folder, the first of them with title and description. Photos that
+/// are there already are taken as they are.
+std::vector<_PHOTO_LIST_NODE> makePhotos(const QDir& folder) {
     std::vector<_PHOTO_LIST_NODE> photos;
     for (const scenes::Scene& scene : scenes::all()) {
         const QString path =
             folder.filePath(QStringLiteral("%1.jpg").arg(QString::fromLatin1(scene.name)));
-        scene.paint({1600, 1066})
-            .scaled(kSoftSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-            .scaled(1200, 800, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-            .save(path, "JPEG", 95);
+        if (!QFile::exists(path)) {
+            scene.paint({1600, 1066})
+                .scaled(kSoftSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                .scaled(1200, 800, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                .save(path, "JPEG", 95);
+        }
         _PHOTO_LIST_NODE photo{};
         setText(photo.path, path);
         photos.push_back(photo);
@@ -46,7 +53,8 @@ std::vector<_PHOTO_LIST_NODE> makePhotos(const QTemporaryDir& folder) {
 }
 
 int play(const QString& language, const QString& prefix) {
-    const QTemporaryDir folder;
+    const QTemporaryDir own;
+    const QDir folder(qEnvironmentVariable(kPhotosVariable, own.path()));
     const QString assets =
         qEnvironmentVariable("VELLORA_ASSETS", QStringLiteral(VELLORA_ASSETS_DIR));
     std::vector<_PHOTO_LIST_NODE> photos = makePhotos(folder);
@@ -67,9 +75,10 @@ int play(const QString& language, const QString& prefix) {
 }
 
 /// Plays the session in a process of its own, because a process has one scale.
-bool playAt(const QString& language, int scale, const QDir& folder) {
+bool playAt(const QString& language, int scale, const QDir& folder, const QString& photos) {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QString::fromLatin1(kPhotosVariable), photos);
     environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QString::number(scale));
     process.setProcessEnvironment(environment);
     process.setProcessChannelMode(QProcess::ForwardedChannels);
@@ -101,10 +110,11 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: vellora-screenshots FOLDER\n");
         return 2;
     }
+    const QTemporaryDir photos;
     bool complete = true;
     for (const QString& language : {QStringLiteral("english"), QStringLiteral("german")}) {
         for (const int scale : {1, 2}) {
-            complete = playAt(language, scale, QDir(arguments[1])) && complete;
+            complete = playAt(language, scale, QDir(arguments[1]), photos.path()) && complete;
         }
     }
     return complete ? 0 : 1;

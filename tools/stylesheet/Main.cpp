@@ -36,6 +36,10 @@ int main(int argc, char** argv) {
         return 1;
     }
     const auto entries = vellora::LoadEffectCatalogue(arguments[1]);
+    if (entries.empty()) {
+        QTextStream(stderr) << arguments[1] << ": no text styles\n";
+        return 1;
+    }
     const int rows = (static_cast<int>(entries.size()) + kColumns - 1) / kColumns;
     const QSize step(kCell.width() + kGap, kCell.height() + kNumberHeight + kGap);
     QImage sheet(kColumns * step.width() + kGap, rows * step.height() + kGap, QImage::Format_RGB32);

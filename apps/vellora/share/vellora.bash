@@ -4,15 +4,25 @@ _vellora_options() {
     vellora "$@" --help 2>/dev/null | grep -oE '^ +(-[a-z],)?--?[a-z-]+' | tr ', ' '\n\n' | grep '^-'
 }
 
+# The commands of vellora, or of one of its commands.
+_vellora_commands() {
+    vellora "$@" --help 2>/dev/null | sed -n '/^Subcommands:/,$s/^  \([a-z][a-z]*\) .*/\1/p'
+}
+
 _vellora() {
     local word="${COMP_WORDS[COMP_CWORD]}" previous="${COMP_WORDS[COMP_CWORD - 1]}"
-    local command="${COMP_WORDS[1]}"
+    local command=("${COMP_WORDS[1]}")
     COMPREPLY=()
     if ((COMP_CWORD == 1)); then
-        local commands
-        commands="$(vellora --help 2>/dev/null | sed -n '/^Subcommands:/,$s/^  \([a-z]*\) .*/\1/p')"
-        mapfile -t COMPREPLY < <(compgen -W "$commands --help --version" -- "$word")
+        mapfile -t COMPREPLY < <(compgen -W "$(_vellora_commands) --help --version" -- "$word")
         return
+    fi
+    if [[ ${command[0]} == project ]]; then
+        if ((COMP_CWORD == 2)); then
+            mapfile -t COMPREPLY < <(compgen -W "$(_vellora_commands project)" -- "$word")
+            return
+        fi
+        command+=("${COMP_WORDS[2]}")
     fi
     case "$previous" in
         --filter)
@@ -26,7 +36,7 @@ _vellora() {
         -o | --out) mapfile -t COMPREPLY < <(compgen -d -- "$word") ;;
         *)
             if [[ $word == -* ]]; then
-                mapfile -t COMPREPLY < <(compgen -W "$(_vellora_options "$command")" -- "$word")
+                mapfile -t COMPREPLY < <(compgen -W "$(_vellora_options "${command[@]}")" -- "$word")
             else
                 mapfile -t COMPREPLY < <(compgen -f -- "$word")
             fi

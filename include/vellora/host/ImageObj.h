@@ -129,6 +129,11 @@ public:
     /// @return `S_OK`, whatever the file holds.
     STATUS LoadFromXMLFile(const QString& path);
 
+    /// The same, for hosts that want to know.
+    /// @param reason  Receives why the file cannot be read, empty when it can; not null.
+    /// @return `E_FAIL` when the file is missing or no XML document.
+    STATUS LoadFromXMLFile(const QString& path, QString* reason);
+
     /// Opens the edit dialog on a photo and returns when the user has closed it.
     ///
     /// Every edit is made at once, in the host record and the edit record; there is no cancel. The

@@ -16,12 +16,12 @@ namespace vellora {
 /// One style of the catalogue.
 struct TextEffectEntry {
     QString name;             ///< "Style 1" and so on; its number is the id in the file plus one.
-    TextEffectRecord effect;  ///< All zero for an entry without font name or size.
+    TextEffectRecord effect;  ///< All zero for an entry that lacks font name, size or element.
 };
 
-/// Reads "texteffect/effect_list.xml" below the base folder. A file that cannot be read, or that
-/// does not say its count, gives no entries; ids that the file does not hold are left out, and so
-/// are those from 4096 on. The file is read again only when it has changed. Any thread.
+/// Reads "texteffect/effect_list.xml" below the base folder: as many entries as the file counts,
+/// but 4096 at most. A file that cannot be read, or that does not say its count, gives none. The
+/// file is read again only when it has changed. Any thread.
 VELLORA_EXPORT std::vector<TextEffectEntry> LoadEffectCatalogue(const QString& baseFolder);
 
 /// The folder with the textures below a text-effect base folder.

@@ -1,7 +1,8 @@
 #include "ui/behaviour/ClipPlacement.h"
 
 #include <QFileInfo>
-#include <QStringList>
+#include <QMimeData>
+#include <QUrl>
 #include <algorithm>
 #include <cmath>
 
@@ -28,6 +29,17 @@ bool isVectorClip(const QString& file) {
     static const QStringList kExtensions{QStringLiteral("emf"), QStringLiteral("wmf"),
                                          QStringLiteral("svg")};
     return hasExtension(file, kExtensions);
+}
+
+QStringList clipFilesOf(const QMimeData& dragged) {
+    QStringList files;
+    for (const QUrl& url : dragged.urls()) {
+        const QString file = url.toLocalFile();
+        if (!file.isEmpty() && (isClipFile(file) || isVectorClip(file))) {
+            files.append(file);
+        }
+    }
+    return files;
 }
 
 SpritePlace placeOfClip(QSizeF natural, bool isVector, QPoint centre) {

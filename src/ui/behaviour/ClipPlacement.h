@@ -3,13 +3,19 @@
 #include <QPoint>
 #include <QSizeF>
 #include <QString>
+#include <QStringList>
 
 #include "ui/behaviour/SpriteDrag.h"
 
+class QMimeData;
+
 namespace vellora {
 
-/// Whether a file's extension is one that can be added as an art clip.
+/// Whether a file's extension, in any letter case, is one that can be added as an art clip.
 bool isClipFile(const QString& file);
+
+/// The files of a drag that can become art clips.
+QStringList clipFilesOf(const QMimeData& dragged);
 
 /// Whether the file's own size means nothing but proportions.
 bool isVectorClip(const QString& file);

@@ -102,12 +102,16 @@ void CanvasLayers::drawPhoto(QImage& surface) {
     const Rect placed = m_session.placedPhoto();
     const QRectF target(placed.left * m_ratio, placed.top * m_ratio, placed.width() * m_ratio,
                         placed.height() * m_ratio);
+    const QRect place = target.toAlignedRect();
     QPainter painter(&surface);
-    // A picture that is a unit short of its place is not blurred for it.
-    const bool isClose = std::abs(target.width() - picture.width()) < 2.0 * m_ratio &&
-                         std::abs(target.height() - picture.height()) < 2.0 * m_ratio;
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, !isClose);
-    painter.drawImage(target.toAlignedRect(), picture);
+    // A picture that is a unit short of its place is drawn as it is, as in the output.
+    if (std::abs(target.width() - picture.width()) < 2.0 * m_ratio &&
+        std::abs(target.height() - picture.height()) < 2.0 * m_ratio) {
+        painter.drawImage(place.topLeft(), picture);
+    } else {
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawImage(place, picture);
+    }
 }
 
 bool CanvasLayers::isExpectedToTakeLong(const COpencvFilterInterface* filter) const {

@@ -1,13 +1,25 @@
 #include "ui/canvas/FilterMarker.h"
 
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
+#include <cmath>
 
 #include <vellora/host/Language.h>
 
+#include "ui/behaviour/CanvasKeys.h"
+
 namespace vellora {
+namespace {
+
+/// The fraction in as many decimals as a project file keeps, so that the filter works on the same
+/// pixels after loading. It is rounded up: a filter cuts off the parts of pixels.
+float fractionOf(int part, int whole) {
+    constexpr double kUnits = 1'000'000.0;
+    return static_cast<float>(std::ceil(part * kUnits / whole) / kUnits);
+}
+
+}  // namespace
 
 FilterMarker::FilterMarker(QWidget* canvas) : QWidget(canvas) {
     resize(kSide, kSide);
@@ -39,11 +51,9 @@ void FilterMarker::announce() {
     if (m_placed.isEmpty()) {
         return;
     }
-    const auto width = static_cast<float>(m_placed.width());
-    const auto height = static_cast<float>(m_placed.height());
-    Q_EMIT regionChanged(static_cast<float>(x() - m_placed.left) / width,
-                         static_cast<float>(y() - m_placed.top) / height, kSide / width,
-                         kSide / height);
+    Q_EMIT regionChanged(fractionOf(x() - m_placed.left, m_placed.width()),
+                         fractionOf(y() - m_placed.top, m_placed.height()),
+                         fractionOf(kSide, m_placed.width()), fractionOf(kSide, m_placed.height()));
 }
 
 void FilterMarker::paintEvent(QPaintEvent* /*event*/) {
@@ -73,24 +83,12 @@ void FilterMarker::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void FilterMarker::keyPressEvent(QKeyEvent* event) {
-    const int step = event->modifiers().testFlag(Qt::ShiftModifier) ? 10 : 1;
-    switch (event->key()) {
-        case Qt::Key_Left:
-            moveInside(pos() - QPoint(step, 0));
-            break;
-        case Qt::Key_Right:
-            moveInside(pos() + QPoint(step, 0));
-            break;
-        case Qt::Key_Up:
-            moveInside(pos() - QPoint(0, step));
-            break;
-        case Qt::Key_Down:
-            moveInside(pos() + QPoint(0, step));
-            break;
-        default:
-            QWidget::keyPressEvent(event);
-            return;
+    const QPoint step = nudgeOf(*event);
+    if (step.isNull()) {
+        QWidget::keyPressEvent(event);
+        return;
     }
+    moveInside(pos() + step);
     announce();
 }
 

@@ -1,17 +1,21 @@
 #include "ui/canvas/PhotoEditShowWnd.h"
 
+#include <QContextMenuEvent>
+#include <QDropEvent>
 #include <QFileInfo>
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include <vellora/base/Types.h>
 #include <vellora/filters/PhotoProcessor.h>
 #include <vellora/host/Language.h>
-#include <vellora/model/DVDImage.h>
-#include <vellora/model/DVDImageProps.h>
 #include <vellora/model/DVDImageText.h>
 
 #include "ui/EditSession.h"
 #include "ui/LanguageIds.h"
+#include "ui/behaviour/Bounded.h"
 #include "ui/behaviour/ClipPlacement.h"
 #include "ui/behaviour/TextDraft.h"
 #include "ui/canvas/CanvasLayers.h"
@@ -19,22 +23,9 @@
 #include "ui/canvas/FilterMarker.h"
 #include "ui/canvas/InPlaceText.h"
 #include "ui/canvas/SpriteMenu.h"
+#include "ui/skin/SkinStyle.h"
 
 namespace vellora {
-namespace {
-
-/// Where the middle of the first added clip lies.
-constexpr QPoint kFirstClip(kStageWidth / 2, kStageHeight / 2);
-
-/// What assistive technology calls a sprite.
-QString nameOf(const CDVDImageSprite& sprite) {
-    if (sprite.GetKind() == kTextSprite) {
-        return static_cast<const CDVDImageText&>(sprite).GetText();
-    }
-    return QFileInfo(static_cast<const CDVDImageProps&>(sprite).GetFile()).fileName();
-}
-
-}  // namespace
 
 CPhotoEditShowWnd::CPhotoEditShowWnd(EditSession& session, QWidget* parent)
     : QWidget(parent),
@@ -42,8 +33,9 @@ CPhotoEditShowWnd::CPhotoEditShowWnd(EditSession& session, QWidget* parent)
       m_layers(std::make_unique<CanvasLayers>(session)),
       m_typing(new InPlaceText(*this)),
       m_marker(new FilterMarker(this)),
-      m_mouse(session),
-      m_clipPlaces(kFirstClip, kFirstClip) {
+      m_selection(session),
+      m_newSprites(session),
+      m_mouse(session) {
     setFixedSize(kStageWidth, kStageHeight);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
@@ -93,36 +85,26 @@ void CPhotoEditShowWnd::ShowFilterMarker(bool show) {
 void CPhotoEditShowWnd::SetTextProperties(const TextStyle& properties) {
     m_textProperties = properties;
     m_typing->setStyle(properties);
-    CDVDImageSprite* selected = GetSelected();
-    if (selected != nullptr && selected->GetKind() == kTextSprite) {
-        m_session.setTextStyle(static_cast<CDVDImageText*>(selected), properties);
+    if (CDVDImageText* selected = m_selection.text(); selected != nullptr) {
+        m_session.setTextStyle(selected, properties);
     }
 }
 
 void CPhotoEditShowWnd::AddText() {
     CommitEditor();
-    if (m_session.isOpen()) {
-        Select(addText(m_session, LanguageString(kDoubleClickToEdit), m_textPlaces.next(),
-                       m_textProperties));
+    if (CDVDImageText* added = m_newSprites.addText(m_textProperties); added != nullptr) {
+        Select(added);
         // So that the keys that move, type over and delete it reach it.
         setFocus(Qt::OtherFocusReason);
     }
 }
 
 bool CPhotoEditShowWnd::AddClip(const QString& file, const QPoint* centre, QString* reason) {
-    if (!m_session.isOpen()) {
-        return false;
-    }
-    const QSizeF natural = CDVDImageProps::NaturalSize(file, reason);
-    if (natural.isEmpty()) {
+    auto clip = m_newSprites.makeClip(file, centre, reason);
+    if (clip == nullptr) {
         return false;
     }
     CommitEditor();
-    auto clip = std::make_unique<CDVDImageProps>(m_session.record(), file);
-    const SpritePlace place =
-        placeOfClip(natural, isVectorClip(file), centre != nullptr ? *centre : m_clipPlaces.next());
-    clip->SetPosition(place.position.x(), place.position.y());
-    clip->SetSize(place.size.width(), place.size.height());
     Select(m_session.addSprite(std::move(clip)));
     setFocus(Qt::OtherFocusReason);
     return true;
@@ -134,10 +116,10 @@ void CPhotoEditShowWnd::InsertMacro(int macro) {
         return;
     }
     if (!IsEditorOpen()) {
-        if (GetSelected() == nullptr || GetSelected()->GetKind() != kTextSprite) {
+        if (m_selection.text() == nullptr) {
             AddText();
         }
-        OpenEditor(static_cast<CDVDImageText&>(*GetSelected()));
+        EditSelected();
     }
     m_typing->insert(token);
 }
@@ -160,10 +142,10 @@ void CPhotoEditShowWnd::CommitEditor() {
     const CDVDImageSprite* edited = GetSelected();
     const CommittedDraft committed = commitDraft(m_session, m_typing->close(), m_textProperties);
     if (edited != nullptr && !m_session.holds(edited)) {
-        m_clipboard.forget(edited);
+        m_selection.forget(edited);
     }
     expandTexts(m_session, m_slideIndex, m_slideCount);
-    m_selected = committed.selected;
+    m_selection.set(committed.selected);
     RedrawSprites();
     setFocus(Qt::OtherFocusReason);
     if (committed.isNew && committed.selected != nullptr) {
@@ -173,65 +155,31 @@ void CPhotoEditShowWnd::CommitEditor() {
 
 void CPhotoEditShowWnd::Command(int id) {
     CommitEditor();
-    CDVDImageSprite* selected = GetSelected();
-    switch (id) {
-        case kSpriteCopy:
-            if (selected != nullptr) {
-                m_clipboard.copy(*selected);
-            }
-            break;
-        case kSpritePaste:
-            if (CDVDImageSprite* pasted = m_clipboard.paste(m_session); pasted != nullptr) {
-                Select(pasted);
-            }
-            break;
-        case kSpriteDelete:
-            DeleteSelected();
-            break;
-        case kSpriteToAll:
-            m_session.applyToAll(selected);
-            break;
-        default:
-            if (const auto order = spriteOrderOf(id)) {
-                m_session.reorderSprite(selected, *order);
-            }
-            break;
+    if (id == kSpriteDelete) {
+        m_mouse.drop();
     }
-}
-
-bool CPhotoEditShowWnd::IsCommandEnabled(int id) const {
-    return isSpriteCommandEnabled(m_session, GetSelected(), id);
-}
-
-void CPhotoEditShowWnd::DeleteSelected() {
-    CDVDImageSprite* selected = GetSelected();
-    m_selected = nullptr;
-    m_mouse.drop();
-    if (selected != nullptr) {
-        m_clipboard.forget(selected);
-        m_session.deleteSprite(selected);
+    const CDVDImageSprite* before = GetSelected();
+    m_selection.run(id);
+    if (GetSelected() != before) {
+        AnnounceSelection();
     }
-}
-
-CDVDImageSprite* CPhotoEditShowWnd::GetSelected() const {
-    return m_session.holds(m_selected) ? m_selected : nullptr;
 }
 
 void CPhotoEditShowWnd::Select(CDVDImageSprite* sprite) {
-    m_selected = m_session.holds(sprite) ? sprite : nullptr;
-    setAccessibleDescription(m_selected != nullptr ? nameOf(*m_selected) : QString());
-    update();
-    if (m_selected != nullptr) {
-        Announce(*m_selected);
-    }
+    m_selection.set(sprite);
+    AnnounceSelection();
 }
 
-void CPhotoEditShowWnd::Announce(CDVDImageSprite& sprite) {
-    if (sprite.GetKind() == kTextSprite) {
-        m_textProperties = static_cast<const CDVDImageText&>(sprite).GetStyle();
+void CPhotoEditShowWnd::AnnounceSelection() {
+    setAccessibleDescription(m_selection.name());
+    update();
+    if (const CDVDImageText* text = m_selection.text(); text != nullptr) {
+        m_textProperties = text->GetStyle();
         Q_EMIT TextSelected();
     }
-    Q_EMIT SpriteSelected();
+    if (GetSelected() != nullptr) {
+        Q_EMIT SpriteSelected();
+    }
 }
 
 void CPhotoEditShowWnd::DropCropFrame() {
@@ -263,11 +211,11 @@ void CPhotoEditShowWnd::PictureCommitted() {
 
 void CPhotoEditShowWnd::OnPhotoAboutToChange() {
     CommitEditor();
-    m_clipboard.refresh(m_session);
+    m_selection.keepCopied();
 }
 
 void CPhotoEditShowWnd::OnPhotoChanged() {
-    m_selected = nullptr;
+    m_selection.set(nullptr);
     m_mouse.release();
     m_mouse.crop().clear();
     m_marker->hide();
@@ -287,6 +235,229 @@ void CPhotoEditShowWnd::OnEdited(PhotoEdit kind) {
         expandTexts(m_session, m_slideIndex, m_slideCount);
     }
     RedrawSprites();
+}
+
+bool CPhotoEditShowWnd::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride &&
+        CanvasKeys::claims(*static_cast<QKeyEvent*>(event))) {
+        event->accept();
+        return true;
+    }
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        QToolTip::showText(help->globalPos(), ToolTipAt(help->pos()), this);
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+QString CPhotoEditShowWnd::ToolTipAt(QPoint point) const {
+    return textAt(m_session, point) != nullptr ? LanguageString(kDoubleClickToEdit) : QString();
+}
+
+SpriteHit CPhotoEditShowWnd::SelectAt(QPoint point) {
+    const SpriteHit hit = spriteAt(m_session, point);
+    Select(hit.sprite);
+    // Whoever heard of the selection may have taken the sprite away.
+    return m_session.holds(hit.sprite) ? hit : SpriteHit{};
+}
+
+void CPhotoEditShowWnd::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) {
+        return;
+    }
+    const QPoint point = event->position().toPoint();
+    m_pressedBesideEditor = IsEditorOpen();
+    setFocus(Qt::MouseFocusReason);
+    m_mouse.press(point);
+    if (const auto shape = m_mouse.cursorAt(point)) {
+        setCursor(*shape);
+    }
+    if (IsEditorOpen()) {
+        return;
+    }
+    if (!m_session.isOpen()) {
+        event->ignore();
+        return;
+    }
+    if (const SpriteHit hit = SelectAt(point); hit.sprite != nullptr) {
+        m_mouse.grab(hit, point);
+    }
+    update();
+}
+
+void CPhotoEditShowWnd::mouseMoveEvent(QMouseEvent* event) {
+    const QPoint point = event->position().toPoint();
+    if (!event->buttons().testFlag(Qt::LeftButton) && m_mouse.isDown()) {
+        EndDrag();  // the release went elsewhere
+    }
+    if (m_mouse.move(point)) {
+        update();
+    }
+    if (const auto shape = m_mouse.cursorAt(point)) {
+        setCursor(*shape);
+    }
+}
+
+void CPhotoEditShowWnd::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) {
+        return;
+    }
+    const bool besideEditor = m_pressedBesideEditor;
+    EndDrag();
+    if (besideEditor) {
+        CommitEditor();
+    }
+}
+
+void CPhotoEditShowWnd::EndDrag() {
+    m_pressedBesideEditor = false;
+    m_mouse.release();
+    RedrawSprites();
+}
+
+void CPhotoEditShowWnd::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton || IsEditorOpen() || !m_session.isOpen()) {
+        return;
+    }
+    const QPoint point = event->position().toPoint();
+    if (CDVDImageText* text = textAt(m_session, point); text != nullptr) {
+        m_selection.set(text);
+        m_textProperties = text->GetStyle();
+        Q_EMIT TextSelected();
+        OpenEditor(*text);
+    } else if (m_mouse.crop().isEmpty() && spriteAt(m_session, point).sprite == nullptr) {
+        m_selection.set(nullptr);
+        m_typing->open(point, m_textProperties);
+        update();
+    }
+}
+
+void CPhotoEditShowWnd::contextMenuEvent(QContextMenuEvent* event) {
+    CommitEditor();
+    if (!m_session.isOpen()) {
+        event->ignore();
+        return;
+    }
+    if (event->reason() == QContextMenuEvent::Mouse) {
+        SelectAt(event->pos());
+    }
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    fillSpriteMenu(*menu, m_selection, [this](int id) { Command(id); });
+    skin::applySkin(*menu);
+    menu->popup(event->globalPos());
+}
+
+void CPhotoEditShowWnd::Nudge(QPoint step) {
+    CDVDImageSprite* selected = GetSelected();
+    if (selected != nullptr && !IsEditorOpen()) {
+        m_session.moveSprite(selected, boundedSum(selected->GetPosition(), step));
+    }
+}
+
+void CPhotoEditShowWnd::StepSelection(int direction) {
+    if (!IsEditorOpen()) {
+        m_selection.step(direction);
+        AnnounceSelection();
+    }
+}
+
+void CPhotoEditShowWnd::EditSelected() {
+    if (CDVDImageText* selected = m_selection.text(); selected != nullptr && !IsEditorOpen()) {
+        OpenEditor(*selected);
+    }
+}
+
+void CPhotoEditShowWnd::Cancel() {
+    if (IsEditorOpen()) {
+        m_typing->clear();
+        CommitEditor();
+    } else {
+        DropCropFrame();
+    }
+}
+
+void CPhotoEditShowWnd::keyPressEvent(QKeyEvent* event) {
+    if (!Perform(m_keys.press(*event), *event)) {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void CPhotoEditShowWnd::keyReleaseEvent(QKeyEvent* event) {
+    if (!Perform(m_keys.release(*event), *event)) {
+        QWidget::keyReleaseEvent(event);
+    }
+}
+
+bool CPhotoEditShowWnd::Perform(KeyAction action, QKeyEvent& event) {
+    switch (action) {
+        case KeyAction::None:
+            return false;
+        case KeyAction::Wait:
+            break;
+        case KeyAction::Nudge:
+            Nudge(nudgeOf(event));
+            break;
+        case KeyAction::SelectAbove:
+            StepSelection(+1);
+            break;
+        case KeyAction::SelectBelow:
+            StepSelection(-1);
+            break;
+        case KeyAction::Copy:
+            Command(kSpriteCopy);
+            break;
+        case KeyAction::Paste:
+            Command(kSpritePaste);
+            break;
+        case KeyAction::Delete:
+            Command(kSpriteDelete);
+            break;
+        case KeyAction::Type:
+            EditSelected();
+            break;
+        case KeyAction::Commit:
+            CommitEditor();
+            break;
+        case KeyAction::Cancel:
+            Cancel();
+            break;
+    }
+    event.accept();
+    return true;
+}
+
+void CPhotoEditShowWnd::focusInEvent(QFocusEvent* event) {
+    m_showsFocus = event->reason() == Qt::TabFocusReason ||
+                   event->reason() == Qt::BacktabFocusReason ||
+                   event->reason() == Qt::ShortcutFocusReason;
+    update();
+}
+
+void CPhotoEditShowWnd::focusOutEvent(QFocusEvent* /*event*/) {
+    m_showsFocus = false;
+    update();
+}
+
+void CPhotoEditShowWnd::dragEnterEvent(QDragEnterEvent* event) {
+    if (m_session.isOpen() && !clipFilesOf(*event->mimeData()).isEmpty()) {
+        event->acceptProposedAction();
+    }
+}
+
+void CPhotoEditShowWnd::dropEvent(QDropEvent* event) {
+    QPoint centre = event->position().toPoint();
+    for (const QString& file : clipFilesOf(*event->mimeData())) {
+        QString reason;
+        if (AddClip(file, &centre, &reason)) {
+            centre += QPoint(20, 20);
+        } else {
+            QToolTip::showText(mapToGlobal(centre),
+                               QFileInfo(file).fileName() + QStringLiteral(": ") + reason, this);
+        }
+    }
+    event->acceptProposedAction();
 }
 
 void CPhotoEditShowWnd::paintEvent(QPaintEvent* /*event*/) {

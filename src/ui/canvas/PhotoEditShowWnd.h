@@ -6,10 +6,10 @@
 #include <vellora/base/Rect.h>
 #include <vellora/text/TextStyle.h>
 
+#include "ui/behaviour/CanvasKeys.h"
 #include "ui/behaviour/CanvasMouse.h"
-#include "ui/behaviour/Cascade.h"
-#include "ui/behaviour/KeyOnRelease.h"
-#include "ui/behaviour/SpriteClipboard.h"
+#include "ui/behaviour/NewSprites.h"
+#include "ui/behaviour/SpriteSelection.h"
 
 namespace vellora {
 
@@ -68,10 +68,10 @@ public:
     /// Carries out a command of the sprite menu, 32837 to 32843 or 33927.
     void Command(int id);
     /// Whether the sprite menu offers a command at present.
-    [[nodiscard]] bool IsCommandEnabled(int id) const;
+    [[nodiscard]] bool IsCommandEnabled(int id) const { return m_selection.offers(id); }
 
     /// The selected sprite, or null.
-    [[nodiscard]] CDVDImageSprite* GetSelected() const;
+    [[nodiscard]] CDVDImageSprite* GetSelected() const { return m_selection.sprite(); }
     void Select(CDVDImageSprite* sprite);
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -111,14 +111,16 @@ private:
     void OnEdited(PhotoEdit kind);
 
     SpriteHit SelectAt(QPoint point);
-    void Announce(CDVDImageSprite& sprite);
+    void AnnounceSelection();
     void OpenEditor(CDVDImageText& text);
-    void DeleteSelected();
+    void EditSelected();
     void Nudge(QPoint step);
+    void Cancel();
     void DropCropFrame();
     void EndDrag();
-    bool HandleKeyPress(const QKeyEvent& event);
-    void HandleKeyRelease(int key);
+    void StepSelection(int direction);
+    /// @return False for a key that is not the canvas's.
+    bool Perform(KeyAction action, QKeyEvent& event);
     [[nodiscard]] QString ToolTipAt(QPoint point) const;
     void RedrawSprites();
 
@@ -127,14 +129,12 @@ private:
     InPlaceText* m_typing;
     FilterMarker* m_marker;
     TextStyle m_textProperties;
-    CDVDImageSprite* m_selected = nullptr;  ///< Only compared until the session holds it.
-    SpriteClipboard m_clipboard;
+    SpriteSelection m_selection;
+    NewSprites m_newSprites;
     CanvasMouse m_mouse;
-    Cascade m_textPlaces;
-    Cascade m_clipPlaces;
+    CanvasKeys m_keys;
     int m_slideIndex = 0;
     int m_slideCount = 0;
-    KeyOnRelease m_key;
     bool m_pressedBesideEditor = false;
     bool m_showsFocus = false;  ///< It was reached by the keyboard.
 };

@@ -3,9 +3,8 @@
 #include <array>
 
 #include <vellora/host/Language.h>
-#include <vellora/model/DVDImageSpriteArray.h>
 
-#include "ui/EditSession.h"
+#include "ui/behaviour/SpriteSelection.h"
 
 namespace vellora {
 namespace {
@@ -29,39 +28,7 @@ constexpr std::array<Row, 8> kRows{{
 
 }  // namespace
 
-std::optional<SpriteOrder> spriteOrderOf(int id) {
-    switch (id) {
-        case kSpriteForward:
-            return SpriteOrder::Forward;
-        case kSpriteBackward:
-            return SpriteOrder::Backward;
-        case kSpriteToFront:
-            return SpriteOrder::Front;
-        case kSpriteToBack:
-            return SpriteOrder::Back;
-        default:
-            return std::nullopt;
-    }
-}
-
-bool isSpriteCommandEnabled(const EditSession& session, const CDVDImageSprite* selected, int id) {
-    if (id == kSpritePaste) {
-        return true;
-    }
-    const CDVDImageSpriteArray* list = session.listOf(selected);
-    if (list == nullptr) {
-        return false;
-    }
-    if (id == kSpriteForward || id == kSpriteToFront) {
-        return !list->IsTop(selected);
-    }
-    if (id == kSpriteBackward || id == kSpriteToBack) {
-        return !list->IsBottom(selected);
-    }
-    return true;
-}
-
-void fillSpriteMenu(QMenu& menu, const std::function<bool(int)>& isEnabled,
+void fillSpriteMenu(QMenu& menu, const SpriteSelection& selection,
                     const std::function<void(int)>& run) {
     for (const Row& row : kRows) {
         if (row.opensGroup) {
@@ -69,7 +36,7 @@ void fillSpriteMenu(QMenu& menu, const std::function<bool(int)>& isEnabled,
         }
         QAction* action = menu.addAction(QString::fromLatin1(row.text));
         action->setProperty(kCommandIdProperty, row.id);
-        action->setEnabled(isEnabled(row.id));
+        action->setEnabled(selection.offers(row.id));
         QObject::connect(action, &QAction::triggered, &menu, [run, id = row.id] { run(id); });
     }
     TranslateMenu(menu);

@@ -4,7 +4,6 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
-#include <QWheelEvent>
 
 #include "ui/skin/Skin.h"
 
@@ -58,7 +57,7 @@ private:
 
 CColumnListBox::CColumnListBox(int columnWidth, int itemHeight, QWidget* parent)
     : QListWidget(parent) {
-    setFlow(QListView::TopToBottom);
+    setFlow(QListView::LeftToRight);
     setWrapping(true);
     setResizeMode(QListView::Adjust);
     setMovement(QListView::Static);
@@ -66,8 +65,10 @@ CColumnListBox::CColumnListBox(int columnWidth, int itemHeight, QWidget* parent)
     setGridSize({columnWidth, itemHeight});
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    // A notch of the wheel, which is three steps, turns to the next row.
+    verticalScrollBar()->setSingleStep(itemHeight / 3);
     setMouseTracking(true);
     setItemDelegate(new ColumnDelegate(*this, {columnWidth, itemHeight}));
 }
@@ -91,16 +92,6 @@ void CColumnListBox::paintEvent(QPaintEvent* event) {
         painter.drawText(QRectF(viewport()->rect()).adjusted(14, 10, -14, -10), m_emptyText,
                          option);
     }
-}
-
-void CColumnListBox::wheelEvent(QWheelEvent* event) {
-    // A wheel turns up and down, the columns run sideways.
-    const QPoint turn = event->angleDelta();
-    const int steps = turn.x() != 0 ? turn.x() : turn.y();
-    const int direction = isRightToLeft() ? 1 : -1;
-    QScrollBar* bar = horizontalScrollBar();
-    bar->setValue(bar->value() + direction * steps * gridSize().width() / 120);
-    event->accept();
 }
 
 void CColumnListBox::keyPressEvent(QKeyEvent* event) {

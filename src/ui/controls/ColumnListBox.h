@@ -5,8 +5,8 @@
 
 namespace vellora {
 
-/// A list box of several columns: items of one size fill a column from top to bottom, then the
-/// next, and the list scrolls sideways. The owner draws the items.
+/// A list box of as many columns as fit: items of one size fill a row, then the next, and the list
+/// scrolls up and down. The owner draws the items.
 class CColumnListBox : public QListWidget {
     Q_OBJECT
 
@@ -23,7 +23,6 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:

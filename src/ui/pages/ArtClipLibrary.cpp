@@ -71,12 +71,4 @@ QStringList listArtClips(const QString& baseFolder, const ArtClipStyle& style) {
     return clips;
 }
 
-bool isAcceptedClipFile(const QString& file) {
-    static const QStringList kExtensions{
-        QStringLiteral("bmp"), QStringLiteral("jpg"),  QStringLiteral("pcx"),
-        QStringLiteral("tif"), QStringLiteral("png"),  QStringLiteral("emf"),
-        QStringLiteral("wmf"), QStringLiteral("jpeg"), QStringLiteral("tiff")};
-    return kExtensions.contains(QFileInfo(file).suffix(), Qt::CaseInsensitive);
-}
-
 }  // namespace vellora

@@ -29,7 +29,4 @@ inline constexpr char16_t kArtClipFileFilter[] =
     u"TIFF(*.tif;*.tiff)|*.tif;*.tiff|Bitmap(*.bmp)|*.bmp|PNG (*.png)|*.png|WMF (*.wmf)|*.wmf|"
     u"emf (*.emf)|*.emf||";
 
-/// Whether a file may be added by its extension, without regard to letter case.
-bool isAcceptedClipFile(const QString& file);
-
 }  // namespace vellora

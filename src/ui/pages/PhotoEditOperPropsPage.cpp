@@ -9,6 +9,7 @@
 #include <vellora/host/Language.h>
 
 #include "base/ResourceIds.h"
+#include "ui/behaviour/ClipPlacement.h"
 #include "ui/canvas/PhotoEditShowWnd.h"
 #include "ui/controls/ControlId.h"
 #include "ui/controls/SpritePropsListBox.h"
@@ -17,11 +18,6 @@
 #include "ui/skin/SkinStyle.h"
 
 namespace vellora {
-namespace {
-
-constexpr int kApplyToAllCommand = 33927;
-
-}  // namespace
 
 CPhotoEditOperPropsPage::CPhotoEditOperPropsPage(CPhotoEditShowWnd& canvas,
                                                  const QString& baseFolder, QWidget* parent)
@@ -52,7 +48,7 @@ void CPhotoEditOperPropsPage::BuildControls() {
     describe(*more, more->text(), LanguageString(string_id::kAddArtClip));
     describe(*toAll, toAll->text());
     connect(more, &QPushButton::clicked, this, &CPhotoEditOperPropsPage::OnMore);
-    connect(toAll, &QPushButton::clicked, this, [this] { m_canvas.Command(kApplyToAllCommand); });
+    connect(toAll, &QPushButton::clicked, this, [this] { m_canvas.Command(kSpriteToAll); });
 
     auto* top = new QHBoxLayout;
     top->setSpacing(kPageSpacing);
@@ -101,7 +97,7 @@ void CPhotoEditOperPropsPage::OnMore() {
 }
 
 void CPhotoEditOperPropsPage::AddClip(const QString& file) {
-    if (!isAcceptedClipFile(file) || !m_canvas.AddClip(file)) {
+    if (!isClipFile(file) || !m_canvas.AddClip(file)) {
         const QString text = LanguageString(string_id::kNotAPicture);
         userPrompts().showError(window(), text + u'\n' + QDir::toNativeSeparators(file), text);
     }

@@ -25,8 +25,6 @@
 namespace vellora {
 namespace {
 
-constexpr int kApplyToAllCommand = 33927;
-constexpr int kDeleteCommand = 32839;
 constexpr int kMaxSize = 1000;
 
 }  // namespace
@@ -158,8 +156,8 @@ void CPhotoEditOperTextPage::Connect() {
     connect(m_brush, &QPushButton::clicked, this, &CPhotoEditOperTextPage::OnBrush);
     connect(m_addText, &QPushButton::clicked, this, [this] { m_canvas.AddText(); });
     connect(m_addMacros, &QPushButton::clicked, this, &CPhotoEditOperTextPage::OnMacros);
-    connect(m_toAll, &QPushButton::clicked, this, [this] { m_canvas.Command(kApplyToAllCommand); });
-    connect(m_delete, &QPushButton::clicked, this, [this] { m_canvas.Command(kDeleteCommand); });
+    connect(m_toAll, &QPushButton::clicked, this, [this] { m_canvas.Command(kSpriteToAll); });
+    connect(m_delete, &QPushButton::clicked, this, [this] { m_canvas.Command(kSpriteDelete); });
     connect(&m_canvas, &CPhotoEditShowWnd::TextSelected, this,
             &CPhotoEditOperTextPage::LoadProperties);
 }

@@ -168,6 +168,24 @@ TEST_F(CanvasPictureTest, TheMarkerPlacesTheRegionOfAFilter) {
     processor.SetCurrentFilter(nullptr);
 }
 
+TEST_F(CanvasPictureTest, TheMarkersRegionSurvivesTheDecimalsOfAFile) {
+    constexpr Rect kPlaced{60, 47, 541, 404};
+    FilterMarker marker(&m_canvas);
+    float left = -1;
+    float width = -1;
+    QObject::connect(&marker, &FilterMarker::regionChanged, [&](float x, float, float cx, float) {
+        left = x;
+        width = cx;
+    });
+    marker.showOn(kPlaced);
+    for (int step = 0; step < kPlaced.width() / 2; ++step) {
+        QTest::keyClick(&marker, Qt::Key_Left);
+        EXPECT_EQ(QString::number(static_cast<double>(left), 'f', 6).toFloat(), left);
+        EXPECT_EQ(static_cast<int>(left * kPlaced.width()), marker.x() - kPlaced.left);
+        EXPECT_EQ(static_cast<int>(width * kPlaced.width()), marker.width());
+    }
+}
+
 TEST_F(CanvasPictureTest, SpritesAreDrawnAlbumFirstAndAboveThePhoto) {
     addAlbumClip({100, 100, 100, 100}, Qt::blue);
     addClip({150, 100, 100, 100}, Qt::red);

@@ -4,8 +4,8 @@
 
 #include <vellora/host/Language.h>
 
+#include "ui/behaviour/SpriteSelection.h"
 #include "ui/canvas/CanvasFixture.h"
-#include "ui/canvas/SpriteMenu.h"
 
 namespace vellora {
 namespace {
@@ -71,6 +71,39 @@ TEST_F(SpriteEditingTest, TheCursorTellsWhatADragWouldDo) {
     EXPECT_EQ(m_canvas.cursor().shape(), Qt::SizeBDiagCursor);
     move({400, 400}, Qt::NoButton);
     EXPECT_EQ(m_canvas.cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(SpriteEditingTest, PageKeysSelectFromSpriteToSprite) {
+    key(Qt::Key_PageUp);
+    EXPECT_EQ(m_canvas.GetSelected(), nullptr) << "there is none";
+    // The album lies below whatever the photo has of its own.
+    CDVDImageProps* lower = addClip({100, 100, 100, 50});
+    CDVDImageText* upper = addText({300, 300}, QStringLiteral("Words"));
+    CDVDImageProps* lowest = addAlbumClip({100, 100, 100, 50});
+    key(Qt::Key_PageDown);
+    EXPECT_EQ(m_canvas.GetSelected(), upper) << "from the top";
+    EXPECT_EQ(m_canvas.accessibleDescription(), QStringLiteral("Words"));
+    EXPECT_EQ(m_textSelected, 1);
+    key(Qt::Key_PageDown);
+    EXPECT_EQ(m_canvas.GetSelected(), lower) << "although another is in front of it";
+    key(Qt::Key_PageDown);
+    EXPECT_EQ(m_canvas.GetSelected(), lowest);
+    key(Qt::Key_PageDown);
+    EXPECT_EQ(m_canvas.GetSelected(), upper);
+    key(Qt::Key_PageUp);
+    EXPECT_EQ(m_canvas.GetSelected(), lowest);
+    key(Qt::Key_PageUp);
+    EXPECT_EQ(m_spriteSelected, 6);
+    EXPECT_EQ(m_node->changed, 0) << "selecting is no edit";
+    key(Qt::Key_Right);
+    EXPECT_EQ(lower->GetPosition(), QPoint(101, 100));
+    key(Qt::Key_Delete);
+    EXPECT_EQ(m_canvas.GetSelected(), nullptr);
+    EXPECT_TRUE(m_canvas.accessibleDescription().isEmpty());
+    key(Qt::Key_PageUp);
+    EXPECT_EQ(m_canvas.GetSelected(), lowest) << "from the bottom";
+    key(Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_EQ(m_canvas.GetSelected(), lowest) << "that goes to another photo";
 }
 
 TEST_F(SpriteEditingTest, ArrowKeysNudge) {

@@ -8,6 +8,7 @@
 
 #include <vellora/filters/FilterCatalogue.h>
 
+#include "ui/behaviour/ClipPlacement.h"
 #include "ui/controls/UserPrompts.h"
 #include "ui/pages/ArtClipLibrary.h"
 #include "ui/pages/CommitButtons.h"
@@ -142,10 +143,10 @@ TEST_F(ArtClipLibraryTest, OnlyMetafilesAreListed) {
 TEST_F(ArtClipLibraryTest, AcceptsNineExtensions) {
     for (const char* name :
          {"a.bmp", "a.JPG", "a.pcx", "a.tif", "a.png", "a.emf", "a.WMF", "a.jpeg", "a.tiff"}) {
-        EXPECT_TRUE(isAcceptedClipFile(QString::fromLatin1(name))) << name;
+        EXPECT_TRUE(isClipFile(QString::fromLatin1(name))) << name;
     }
-    EXPECT_FALSE(isAcceptedClipFile(QStringLiteral("a.gif")));
-    EXPECT_FALSE(isAcceptedClipFile(QStringLiteral("png")));
+    EXPECT_FALSE(isClipFile(QStringLiteral("a.gif")));
+    EXPECT_FALSE(isClipFile(QStringLiteral("png")));
     const QString filter = fileDialogFilter(QString::fromUtf16(kArtClipFileFilter));
     EXPECT_TRUE(filter.startsWith(QStringLiteral(
         "All Supported Formats (*.jpg *.jpeg *.TIFF *.BMP *.PCX *.PNG *.wmf *.emf);;JPEG (*.jpg")));

@@ -25,7 +25,7 @@
 namespace vellora {
 namespace {
 
-constexpr char kCatalogue[] = R"(<?xml version="1.0"?><TEXT_EFFECT count="1000000">
+constexpr char kCatalogue[] = R"(<?xml version="1.0"?><TEXT_EFFECT count="5">
 <data id="0" font_name="Arial" font_size="20"><face style="solid"><color color1="ff"/></face></data>
 <data id="1" font_name="Arial" font_size="30" bold="true">
 <face style="solid"><color color1="ff00"/></face></data>
@@ -123,12 +123,18 @@ TEST_F(SpritePagesTest, SelectingATextLoadsTheControlsAndChangesNothing) {
     EXPECT_EQ(sprite->GetStyle().size, 5000);
 }
 
-TEST_F(SpritePagesTest, TheEffectListIsBoundedByItsFile) {
+TEST_F(SpritePagesTest, TheEffectsStandInRows) {
     openText();
-    ASSERT_EQ(list().count(), 3);
+    ASSERT_EQ(list().count(), 5) << "two of them are not in the file";
     EXPECT_EQ(list().item(0)->text(), QStringLiteral("Style 1"));
-    EXPECT_EQ(list().item(2)->text(), QStringLiteral("Style 3"));
+    EXPECT_EQ(list().item(4)->text(), QStringLiteral("Style 5"));
     EXPECT_EQ(list().gridSize(), QSize(90, 75));
+    const auto cornerOf = [this](int row) {
+        return list().visualItemRect(list().item(row)).topLeft() -
+               list().visualItemRect(list().item(0)).topLeft();
+    };
+    EXPECT_EQ(cornerOf(2), QPoint(180, 0)) << "three fit in a row, a scroll bar beside them";
+    EXPECT_EQ(cornerOf(3), QPoint(0, 75));
     list().grab();
 }
 

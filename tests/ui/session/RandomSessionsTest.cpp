@@ -1,3 +1,6 @@
+// Random events on everything that can be seen, from a seed. VELLORA_MONKEY_SEED and
+// VELLORA_MONKEY_EVENTS ask for another seed and for more or fewer events.
+
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QMouseEvent>
@@ -6,7 +9,9 @@
 #include <QWheelEvent>
 #include <QWidget>
 #include <QtTest>
+#include <iostream>
 #include <random>
+#include <string>
 
 #include <gtest/gtest.h>
 
@@ -17,7 +22,14 @@
 namespace vellora {
 namespace {
 
+constexpr int kSeed = 20261121;
 constexpr int kEvents = 20000;
+constexpr int kPhotos = 5;
+
+int fromEnvironment(const char* name, int otherwise) {
+    const int asked = qEnvironmentVariableIntValue(name);
+    return asked > 0 ? asked : otherwise;
+}
 
 /// Sends random events to whatever windows are open.
 ///
@@ -207,22 +219,27 @@ TEST_F(RandomSessionsTest, LeavesAProjectThatLoadsAsItWasSaved) {
     broken.write("no clip at all");
     broken.close();
 
-    test::EditedShow show(5);
+    const int seed = fromEnvironment("VELLORA_MONKEY_SEED", kSeed);
+    // Before anything can crash.
+    std::cout << "VELLORA_MONKEY_SEED=" << seed << std::endl;
+    SCOPED_TRACE("VELLORA_MONKEY_SEED=" + std::to_string(seed));
+    test::EditedShow show(kPhotos);
+    show.document.SetTextEffectBaseFolder(QStringLiteral(VELLORA_ASSETS_DIR));
     QObject host;
-    Monkey monkey(20261121, kEvents);
+    Monkey monkey(static_cast<unsigned>(seed), fromEnvironment("VELLORA_MONKEY_EVENTS", kEvents));
     answerPrompts(monkey, {clipFile, clipFile, brokenFile, {}, folder.path()});
     int sessions = 0;
     while (monkey.left() > 0) {
         ++sessions;
-        ASSERT_EQ(show.edit(monkey.below(5), &host, [&] { monkey.start(); }), S_OK);
+        ASSERT_EQ(show.edit(monkey.below(kPhotos), &host, [&] { monkey.start(); }), S_OK);
     }
     RecordProperty("sessions", sessions);
-    int sprites = 0;
+    int changed = 0;
     for (const auto& photo : show.photos) {
         EXPECT_TRUE(photo->rotation >= 0 && photo->rotation < 360 && photo->rotation % 90 == 0);
-        sprites += photo->changed;
+        changed += photo->changed;
     }
-    EXPECT_GT(sprites, 0);
+    EXPECT_GT(changed, 0);
     const QByteArray project = show.saved();
     EXPECT_GT(project.size(), 1000);
     EXPECT_TRUE(show.savedAfterLoading(project) == project);

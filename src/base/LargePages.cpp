@@ -1,0 +1,19 @@
+#include "base/LargePages.h"
+
+#include <cstdint>
+
+#include <sys/mman.h>
+
+namespace vellora {
+
+void preferLargePages(void* data, std::size_t size) {
+    constexpr std::uintptr_t kLargePage = std::uintptr_t{2} << 20U;
+    const auto begin = reinterpret_cast<std::uintptr_t>(data);
+    const std::uintptr_t first = (begin + kLargePage - 1) / kLargePage * kLargePage;
+    const std::uintptr_t last = (begin + size) / kLargePage * kLargePage;
+    if (first < last) {
+        madvise(reinterpret_cast<void*>(first), last - first, MADV_HUGEPAGE);
+    }
+}
+
+}  // namespace vellora
