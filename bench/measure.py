@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Measures a shell command: mean CPU seconds and largest peak memory in MB of two runs.
+"""Measures a shell command: median CPU seconds and largest peak memory in MB of some runs.
 
 usage: measure.py COMMAND      prints "CPU MB", or "- -" when the command fails or takes
 longer than five minutes
@@ -10,7 +10,9 @@ import statistics
 import subprocess
 import sys
 
-RUNS = 2
+LEAST_RUNS = 2
+MOST_RUNS = 8
+ENOUGH = 1.5  # seconds of processor time, which short jobs need more runs for
 LONGEST = 300  # seconds
 
 
@@ -25,7 +27,9 @@ def run(command):
 
 
 try:
-    runs = [run(sys.argv[1]) for _ in range(RUNS)]
-    print(f"{statistics.mean(cpu for cpu, _ in runs):.3f} {max(peak for _, peak in runs):.0f}")
+    runs = []
+    while len(runs) < LEAST_RUNS or (len(runs) < MOST_RUNS and sum(cpu for cpu, _ in runs) < ENOUGH):
+        runs.append(run(sys.argv[1]))
+    print(f"{statistics.median(cpu for cpu, _ in runs):.4f} {max(peak for _, peak in runs):.0f}")
 except RuntimeError:
     print("- -")

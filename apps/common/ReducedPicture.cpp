@@ -32,11 +32,13 @@ bool isPlain(const _PHOTO_LIST_NODE& photo, CDVDImage& image) {
 
 QImage reducedPicture(const _HNODE& node, QSize box) {
     const _PHOTO_LIST_NODE& photo = *node.data->photo;
+    const QString path = hostText(photo.path);
     PhotoInfo info;
-    if (!isPlain(photo, *node.data->image) || !ReadPhotoInfo(hostText(photo.path), &info)) {
+    if (!isPlain(photo, *node.data->image) || !ReadPhotoInfo(path, &info) ||
+        HasExcessiveScans(path)) {
         return {};
     }
-    QImageReader reader(hostText(photo.path), "jpeg");
+    QImageReader reader(path, "jpeg");
     const QSize size(info.width, info.height);
     const QSize target = photo.rotation % 180 == 0 ? box : box.transposed();
     if (size.width() > target.width() || size.height() > target.height()) {

@@ -9,9 +9,6 @@
 #include <QStandardPaths>
 #include <QThread>
 #include <algorithm>
-#include <csignal>
-
-#include <sys/prctl.h>
 
 #include <vellora/host/PhotoFile.h>
 
@@ -129,8 +126,6 @@ void ExportJob::startWorker(int index, int count) {
     }
     process.setProcessEnvironment(environment);
     process.setStandardErrorFile(QProcess::nullDevice());
-    // It must not go on when this program is killed.
-    process.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGTERM); });
     connect(&process, &QProcess::readyRead, this, [this, &worker] { readReports(worker); });
     const auto end = [this, &worker] { endWorker(worker); };
     connect(&process, &QProcess::finished, this, end, Qt::QueuedConnection);

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QScrollBar>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -107,7 +108,7 @@ QString makeShow(const QString& folder, int count, const QStringList& photos) {
     QStringList names;
     for (int k = 0; k < count; ++k) {
         names.append(QStringLiteral("%1/photo-%2.jpg").arg(folder).arg(k, 5, 10, QLatin1Char('0')));
-        QFile::link(photos[k % photos.size()], names.last());
+        QFile::link(QFileInfo(photos[k % photos.size()]).absoluteFilePath(), names.last());
     }
     ShowDocument document;
     QElapsedTimer clock;
@@ -188,6 +189,12 @@ int main(int argc, char** argv) {
     if (count < 1 || arguments.size() < 3) {
         std::fputs("usage: vellora_desktop_bench COUNT PHOTO...\n", stderr);
         return 2;
+    }
+    for (const QString& photo : arguments.mid(2)) {
+        if (!QFileInfo::exists(photo)) {
+            std::fprintf(stderr, "%s: no such file\n", qUtf8Printable(photo));
+            return 2;
+        }
     }
     vellora::desktop::run(turns, count, arguments.mid(2));
     return 0;

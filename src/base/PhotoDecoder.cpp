@@ -11,6 +11,7 @@
 #include <opencv2/imgproc.hpp>
 
 #include "base/ImageView.h"
+#include "base/JpegScans.h"
 
 namespace vellora {
 namespace {
@@ -40,14 +41,12 @@ struct JpegErrors {
 
 void stayQuiet(j_common_ptr /*codec*/) {}
 
-/// Ends the data behind the scans that any encoder has use for: each one more is another walk
-/// through the whole picture, for a few bytes of the file.
+/// Ends the data behind the scans that are read.
 void endAfterManyScans(j_common_ptr codec) {
-    constexpr int kMostScans = 100;
     const auto* reader = reinterpret_cast<j_decompress_ptr>(codec);
-    if (reader->input_scan_number > kMostScans) {
-        reader->src->bytes_in_buffer =
-            0;  // the source then tells the end of the picture, and warns
+    if (reader->input_scan_number > kMostJpegScans) {
+        // The source then tells the end of the picture, and warns.
+        reader->src->bytes_in_buffer = 0;
     }
 }
 

@@ -13,13 +13,13 @@ inline constexpr std::int64_t kMaxDecodedPixels = 200'000'000;
 /// A decoded photo: 8 bits per channel, blue-green-red, not turned by its orientation tag.
 struct DecodedPhoto {
     ImagePtr image;  ///< Null when the photo cannot be decoded.
-    /// The file ends early, holds damaged data or more than 100 scans: what could be read is there,
-    /// the rest is grey or coarse.
+    /// The file ends early, holds damaged data or more than `kMostJpegScans`: what could be read is
+    /// there, the rest is grey or coarse.
     bool damaged = false;
 };
 
 /// Decodes a JPEG file. Grey is spread over three channels, CMYK is converted. Of a progressive
-/// file the first 100 scans are read, ten times what encoders write.
+/// file the first `kMostJpegScans` are read.
 DecodedPhoto decodeJpeg(const QString& path);
 
 /// Decodes any other format that Qt reads. 16 bits are reduced to 8, alpha is dropped, of an

@@ -4,6 +4,7 @@
 
 #include <vellora/host/Language.h>
 
+#include "base/JpegScans.h"
 #include "base/StringTable.h"
 #include "host/LanguageFile.h"
 
@@ -19,7 +20,7 @@ QString withLineFeeds(QString text) {
 
 QImage loadPicture(const QString& name) {
     const auto path = languagePicturePath(name);
-    return path ? QImageReader(*path).read() : QImage();
+    return path && !fileHasExcessiveScans(*path) ? QImageReader(*path).read() : QImage();
 }
 
 bool hasProperty(const QObject& object, const char* name) {

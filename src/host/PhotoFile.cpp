@@ -5,6 +5,7 @@
 
 #include <vellora/host/PhotoFile.h>
 
+#include "base/JpegScans.h"
 #include "base/PhotoDecoder.h"
 #include "base/StageFit.h"
 
@@ -105,6 +106,10 @@ bool ReadPhotoInfo(const QString& path, PhotoInfo* info, QString* reason) {
     setOrientation(*info, tag);
     setSizes(*info);
     return true;
+}
+
+bool HasExcessiveScans(const QString& path) {
+    return fileHasExcessiveScans(path);
 }
 
 }  // namespace vellora

@@ -9,6 +9,7 @@
 #include <optional>
 #include <utility>
 
+#include "base/JpegScans.h"
 #include "metafile/RunLength.h"
 
 namespace vellora::metafile {
@@ -160,7 +161,8 @@ QImage decodeEmbedded(const Header& header, RecordView bits, BitmapBudget& budge
     QBuffer buffer(&data);
     QImageReader reader(&buffer, header.compression == kJpeg ? "jpeg" : "png");
     const QSize size = reader.size();
-    if (size.isEmpty() || !budget.spend(std::int64_t{size.width()} * size.height()))
+    if (size.isEmpty() || hasExcessiveScans(data) ||
+        !budget.spend(std::int64_t{size.width()} * size.height()))
         return {};
     return reader.read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }

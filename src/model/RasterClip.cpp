@@ -6,6 +6,7 @@
 
 #include <opencv2/imgproc.hpp>
 
+#include "base/JpegScans.h"
 #include "base/PhotoDecoder.h"
 #include "model/ClipDecoders.h"
 #include "model/ClipPicture.h"
@@ -71,6 +72,10 @@ std::shared_ptr<const ClipPicture> decodeRasterClip(const QString& path, QString
     if (size.isValid() &&
         static_cast<std::int64_t>(size.width()) * size.height() > kMaxDecodedPixels) {
         reason = QStringLiteral("the picture is too large");
+        return nullptr;
+    }
+    if (fileHasExcessiveScans(path)) {
+        reason = QStringLiteral("the picture has too many scans");
         return nullptr;
     }
     QImage picture = reader.read();

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/FileCache.h"
+#include "base/JpegScans.h"
 #include "base/PhotoDecoder.h"
 
 namespace vellora {
@@ -26,7 +27,7 @@ std::shared_ptr<const Texture> readTexture(const QString& path) {
     const QSize size = reader.size();
     // A drawing may name further files, and those could lie anywhere.
     if (reader.format().startsWith("svg") || size.isEmpty() ||
-        qint64{size.width()} * size.height() > kMaxDecodedPixels) {
+        qint64{size.width()} * size.height() > kMaxDecodedPixels || fileHasExcessiveScans(path)) {
         return nullptr;
     }
     if (size.width() > kMaxSide || size.height() > kMaxSide) {

@@ -12,6 +12,7 @@
 
 #include "base/ImageView.h"
 #include "base/JpegEncoder.h"
+#include "base/JpegScans.h"
 #include "base/PhotoDecoder.h"
 #include "support/TestPhotos.h"
 
@@ -192,13 +193,24 @@ TEST_F(PhotoDecoderTest, ReadsNoMoreScansThanAnyoneNeeds) {
     ASSERT_EQ(writeManyScans(usual, grey, 1), 64);
     const DecodedPhoto complete = decodeJpeg(usual);
     EXPECT_FALSE(complete.damaged);
+    EXPECT_FALSE(fileHasExcessiveScans(usual));
     EXPECT_TRUE(identical(pixelsOf(complete), pixelsOf(decodeWithQt(usual))));
 
     const QString endless = folder.filePath(QStringLiteral("endless.jpg"));
     ASSERT_EQ(writeManyScans(endless, grey, 8), 512);
     const DecodedPhoto coarse = decodeJpeg(endless);
     EXPECT_TRUE(coarse.damaged);
+    EXPECT_TRUE(fileHasExcessiveScans(endless));
     ASSERT_EQ(pixelsOf(coarse).size(), grey.size());
+    // What stands behind the picture, or in a segment of it, is no scan.
+    QFile file(usual);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray picture = file.readAll();
+    const QByteArray others = QByteArray("\xFF\xDA\x00\x02", 4).repeated(500);
+    EXPECT_FALSE(hasExcessiveScans(picture + others));
+    QByteArray segment("\xFF\xEF\x07\xD2", 4);
+    EXPECT_FALSE(hasExcessiveScans(picture.first(2) + segment + others + picture.mid(2)));
+    EXPECT_TRUE(hasExcessiveScans(picture.first(2) + others + picture.mid(2)));
     // The low frequencies come first.
     EXPECT_NEAR(cv::mean(pixelsOf(coarse))[0], cv::mean(grey)[0], 1);
     EXPECT_FALSE(identical(pixelsOf(coarse), pixelsOf(complete)));

@@ -44,4 +44,9 @@ struct PhotoInfo {
 /// @return False when the file is no picture that the module decodes.
 VELLORA_EXPORT bool ReadPhotoInfo(const QString& path, PhotoInfo* info, QString* reason = nullptr);
 
+/// Whether a JPEG file asks for more scans than the module reads, which is ten times what encoders
+/// write. A host that lets another decoder loose on such a file may wait for it very long. Reads
+/// the file once. Any thread.
+VELLORA_EXPORT bool HasExcessiveScans(const QString& path);
+
 }  // namespace vellora
