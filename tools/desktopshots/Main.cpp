@@ -15,7 +15,7 @@
 #include <cstdio>
 #include <functional>
 
-#include <vellora/host/ImageObj.h>
+#include <vellora/vellora.h>
 
 #include "desktop/ExportDialog.h"
 #include "desktop/ExportProgress.h"
@@ -72,20 +72,25 @@ void wait(int milliseconds) {
     loop.exec();
 }
 
-/// The painted scenes, several times over, mirrored and turned, with titles.
+/// The painted scenes, several times over, every other round mirrored.
 QStringList makePhotos(const QDir& folder, int count) {
     QStringList paths;
     std::vector<QImage> pictures;
     for (const scenes::Scene& scene : scenes::all()) {
-        pictures.push_back(scene.paint({900, 600}));
+        pictures.push_back(scene.paint(scene.defaultSize.scaled(900, 750, Qt::KeepAspectRatio)));
     }
     for (int k = 0; k < count; ++k) {
-        const QImage& picture = pictures[static_cast<std::size_t>(k) % pictures.size()];
-        const QString path = folder.filePath(QStringLiteral("photo-%1.jpg").arg(k + 1));
-        picture.mirrored(k / 3 % 2 == 1, false).save(path, "JPEG", 92);
+        const auto scene = static_cast<std::size_t>(k) % pictures.size();
+        const QString name = QString::fromLatin1(scenes::all()[scene].name);
+        const QString path = folder.filePath(QStringLiteral("%1-%2.jpg").arg(name).arg(k + 1));
+        pictures[scene].mirrored(k / 3 % 2 == 1, false).save(path, "JPEG", 92);
         paths.append(path);
     }
     return paths;
+}
+
+void addFilter(const Slide& slide, const char16_t* name) {
+    slide.node()->data->image->GetProcessor()->AddFilterToChain(CreateFilterByName(name));
 }
 
 QPalette darkPalette() {
@@ -102,7 +107,8 @@ void takeAll(Shots& shots, const QDir& photos) {
     shots.take(&window, "empty");
     const QStringList paths = makePhotos(photos, 11);
     window.openPaths(paths);
-    window.document().slides().slide(1)->record().rotation = 90;
+    addFilter(*window.document().slides().slide(3), u"Grey");
+    addFilter(*window.document().slides().slide(5), u"Oil Paint");
     QFile::remove(paths[6]);
     window.document().slides().slide(6)->checkFile();
     window.view().setCurrentIndex(window.document().slides().index(3));
