@@ -60,9 +60,8 @@ void MainWindow::open(const QString& path) {
             break;
     }
     rememberShow(m_document->path());
-    // For the keyboard; nothing is selected.
-    m_view->selectionModel()->setCurrentIndex(m_document->slides().index(0),
-                                              QItemSelectionModel::NoUpdate);
+    // So that the keyboard can go on from here.
+    m_view->setCurrentIndex(m_document->slides().index(0));
     if (!problems.isEmpty()) {
         report(tr("Open a show"), tr("Some of the show could not be read."), problems);
     }

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScreen>
 #include <algorithm>
 
 namespace vellora::desktop {
@@ -41,7 +42,8 @@ void Player::showEvent(QShowEvent* event) {
 }
 
 void Player::requestAround() {
-    const QSize pixels = (QSizeF(size()) * devicePixelRatioF()).toSize();
+    // A window manager makes the window as large as the screen some time after it is shown.
+    const QSize pixels = (QSizeF(screen()->size()) * devicePixelRatioF()).toSize();
     std::map<quint64, QImage> kept;
     m_queue.clear();
     for (const int index : {m_current, m_current + 1, m_current - 1}) {
@@ -117,9 +119,14 @@ void Player::paintPicture(QPainter& painter, const QImage& picture, double opaci
     if (picture.isNull() || opacity <= 0.0) {
         return;
     }
-    QRectF target({}, QSizeF(picture.size()) / devicePixelRatioF());
+    QSizeF extent = QSizeF(picture.size()) / devicePixelRatioF();
+    if (extent.width() > width() || extent.height() > height()) {
+        extent.scale(size(), Qt::KeepAspectRatio);
+    }
+    QRectF target({}, extent);
     target.moveCenter(QRectF(rect()).center());
     painter.setOpacity(opacity);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawImage(target, picture);
 }
 

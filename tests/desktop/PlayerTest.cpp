@@ -47,6 +47,18 @@ TEST_F(PlayerTest, ThePlayerFollowsTheKeys) {
     waitFor([&] { return player.isNull(); }, "the end");
 }
 
+// Window managers give the window its size when it is on the screen already.
+TEST_F(PlayerTest, ThePhotoFillsAWindowThatGrows) {
+    const QPointer<Player> player = play(slides(1, {800, 600}));
+    player->resize(40, 30);
+    QTest::keyClick(player, Qt::Key_Space);
+    waitFor([&] { return player->grab().toImage().pixelColor(1, 1).value() > 150; }, "the photo");
+    EXPECT_GT(player->grab().toImage().pixelColor(38, 28).value(), 150) << "all of it is shown";
+    player->resize(400, 300);
+    EXPECT_GT(player->grab().toImage().pixelColor(4, 4).value(), 150);
+    player->close();
+}
+
 TEST_F(PlayerTest, GoesOnByItselfAndEndsBehindTheLastPhoto) {
     const auto all = slides(2);
     for (const SlidePtr& slide : all) {
