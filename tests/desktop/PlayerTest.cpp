@@ -28,6 +28,12 @@ struct PlayerTest : DesktopTest {
         return player;
     }
 
+    /// Its thread renders the show, which goes with the test.
+    static void end(const QPointer<Player>& player) {
+        player->close();
+        waitFor([&] { return player.isNull(); }, "the end");
+    }
+
     static QColor middle(Player& player) { return player.grab().toImage().pixelColor(150, 100); }
 };
 
@@ -56,7 +62,7 @@ TEST_F(PlayerTest, ThePhotoFillsAWindowThatGrows) {
     EXPECT_GT(player->grab().toImage().pixelColor(38, 28).value(), 150) << "all of it is shown";
     player->resize(400, 300);
     EXPECT_GT(player->grab().toImage().pixelColor(4, 4).value(), 150);
-    player->close();
+    end(player);
 }
 
 TEST_F(PlayerTest, GoesOnByItselfAndEndsBehindTheLastPhoto) {
@@ -94,7 +100,7 @@ TEST_F(PlayerTest, StrangeDurationsDoNoHarm) {
         QTest::keyClick(player, Qt::Key_Right);
     }
     EXPECT_EQ(player->current(), 2);
-    player->close();
+    end(player);
 }
 
 TEST_F(PlayerTest, APhotoThatIsMissingIsNamedAndPassedBy) {
@@ -113,7 +119,7 @@ TEST_F(PlayerTest, APhotoThatIsMissingIsNamedAndPassedBy) {
     EXPECT_TRUE(all[0]->isMissing());
     QTest::keyClick(player, Qt::Key_Right);
     waitFor([&] { return middle(*player).saturation() > 150; }, "the photo behind it");
-    player->close();
+    end(player);
 }
 
 TEST_F(PlayerTest, EndsWhileAPhotoIsRendered) {
