@@ -338,12 +338,17 @@ void MainWindow::editSelected() {
     stopPlaying();
     const RenderQueue::Pause pause(m_thumbnails->queue());
     ReleaseImgBuf(m_document->slides().slide(rows.first())->node());
+    const QByteArray before = m_document->isDirty() ? QByteArray() : m_document->contents();
     // From now on, so that a crash in the dialog finds an automatic copy.
     m_document->markDirty();
     for (const SlidePtr& slide : m_document->slides().slides()) {
         slide->record().changed = 0;
     }
     m_document->slides().document().ShowProcessDialog(rows.first(), this, kSlideChanged);
+    // Who only looked need not be asked about changes.
+    if (!before.isEmpty() && m_document->contents() == before) {
+        m_document->markClean();
+    }
     // Album sprites change photos that the dialog never showed.
     for (const SlidePtr& slide : m_document->slides().slides()) {
         if (slide->record().changed != 0) {

@@ -2,7 +2,9 @@
 
 #include <QDir>
 #include <QDirIterator>
+#include <QFile>
 #include <QFileInfo>
+#include <QTemporaryDir>
 
 #include <vellora/host/PhotoFile.h>
 
@@ -57,6 +59,13 @@ void ShowDocument::setState(const QString& path, bool dirty) {
 void ShowDocument::markDirty() {
     if (!m_dirty) {
         m_dirty = true;
+        Q_EMIT stateChanged();
+    }
+}
+
+void ShowDocument::markClean() {
+    if (m_dirty) {
+        m_dirty = false;
         Q_EMIT stateChanged();
     }
 }
@@ -148,6 +157,21 @@ bool ShowDocument::saveCopy(const QString& path, QString* error) {
         show.photos.push_back(slide->toShow());
     }
     return hostkit::saveShow(path, show, m_slides.document(), error);
+}
+
+QByteArray ShowDocument::contents() {
+    const QTemporaryDir folder;
+    QString error;
+    QByteArray bytes;
+    if (folder.isValid() && saveCopy(folder.filePath(QStringLiteral("show.vshow")), &error)) {
+        for (const QFileInfo& info : QDir(folder.path()).entryInfoList(QDir::Files, QDir::Name)) {
+            QFile file(info.filePath());
+            if (file.open(QIODevice::ReadOnly)) {
+                bytes += file.readAll();
+            }
+        }
+    }
+    return bytes;
 }
 
 bool ShowDocument::save(const QString& path, QString* error) {

@@ -27,6 +27,8 @@ public:
     /// Whether someone else has written the show's file since it was opened or saved here.
     [[nodiscard]] bool isChangedOnDisk() const;
     void markDirty();
+    /// For contents that turn out to be those of the file.
+    void markClean();
 
     void startNew();
 
@@ -42,6 +44,9 @@ public:
     bool save(const QString& path, QString* error);
     /// Writes the show's contents elsewhere; name and state stay.
     bool saveCopy(const QString& path, QString* error);
+    /// The bytes that a save would write, to compare; empty when they cannot be told. Nothing may
+    /// render the show meanwhile.
+    [[nodiscard]] QByteArray contents();
 
     /// Adds photo files and the photo files of folders, upright by their orientation tags.
     /// @return The names of files that are no photos.

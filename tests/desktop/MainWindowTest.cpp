@@ -5,7 +5,10 @@
 #include <QSignalSpy>
 #include <QTimer>
 
+#include <vellora/filters/FilterCatalogue.h>
+#include <vellora/filters/PhotoProcessor.h>
 #include <vellora/model/DVDAlbumImage.h>
+#include <vellora/model/DVDImage.h>
 #include <vellora/model/DVDImageProps.h>
 
 #include "DesktopFixture.h"
@@ -85,6 +88,37 @@ TEST_F(MainWindowTest, AsksBeforeChangesAreLost) {
 
     answer(QMessageBox::RejectRole);
     EXPECT_FALSE(window.close());
+    answer(QMessageBox::DestructiveRole);
+    EXPECT_TRUE(window.close());
+}
+
+TEST_F(MainWindowTest, OnlyWhatChangedInTheEditDialogIsAskedAbout) {
+    const QString file = folder.filePath(QStringLiteral("show.vshow"));
+    QString error;
+    {
+        ShowDocument document;
+        document.addFiles({photo(QStringLiteral("one.png"))}, 0, 0);
+        ASSERT_TRUE(document.save(file, &error)) << error.toStdString();
+    }
+    MainWindow window;
+    window.show();
+    window.openPaths({file});
+    CDVDImage& image = *window.document().slides().slide(0)->node()->data->image;
+    for (const bool changes : {false, true}) {
+        QTimer::singleShot(100, [&] {
+            QWidget* dialog = QApplication::activeModalWidget();
+            ASSERT_NE(dialog, nullptr);
+            EXPECT_TRUE(window.isWindowModified()) << "there may be an automatic copy";
+            if (changes) {
+                image.GetProcessor()->AddFilterToChain(CreateFilterByName(u"Grey"));
+            }
+            dialog->close();
+        });
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        QTest::keyClick(&window, Qt::Key_Return);
+        EXPECT_EQ(window.isWindowModified(), changes);
+    }
     answer(QMessageBox::DestructiveRole);
     EXPECT_TRUE(window.close());
 }
