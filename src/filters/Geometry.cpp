@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdint>
 #include <limits>
 
@@ -67,6 +68,29 @@ void turnBetweenPixels(const cv::Mat& from, cv::Mat& to, const Turn& turn) {
     }
 }
 
+/// A run of source pixels and the run of the target that they fill.
+struct Stretch {
+    int from = 0;
+    int to = 0;
+    int targetFrom = 0;
+    int targetTo = 0;
+};
+
+/// The pixels that show between two places of a target. When they are enlarged, interpolation
+/// looks at one more on each side.
+Stretch visibleStretch(int pixels, int target, int visibleFrom, int visibleTo) {
+    const double scale = static_cast<double>(target) / pixels;
+    const int margin = scale > 1.0 ? 1 : 0;
+    const int from = std::max(static_cast<int>(std::floor(visibleFrom / scale)) - margin, 0);
+    const int to = std::min(static_cast<int>(std::ceil(visibleTo / scale)) + margin, pixels);
+    return {from, to, static_cast<int>(std::lround(from * scale)),
+            static_cast<int>(std::lround(to * scale))};
+}
+
+std::int64_t areaOf(const Rect& rect) {
+    return static_cast<std::int64_t>(rect.width()) * rect.height();
+}
+
 }  // namespace
 
 ImagePtr rotatedQuarter(const IplImage& image, int degrees) {
@@ -106,6 +130,25 @@ ImagePtr resizedByArea(const cv::Mat& image, Size size) {
         cv::resize(image, target, target.size(), 0, 0, cv::INTER_AREA);
     }
     return resized;
+}
+
+PlacedImage resizedInto(const cv::Mat& image, const Rect& place, const Rect& visible) {
+    const Rect shown{std::max(place.left, visible.left), std::max(place.top, visible.top),
+                     std::min(place.right, visible.right), std::min(place.bottom, visible.bottom)};
+    if (image.empty() || shown.isEmpty()) {
+        return {};
+    }
+    if (areaOf(shown) >= areaOf(place) / 4) {
+        return {resizedByArea(image, {place.width(), place.height()}), place.left, place.top};
+    }
+    const Stretch across = visibleStretch(image.cols, place.width(), shown.left - place.left,
+                                          shown.right - place.left);
+    const Stretch down =
+        visibleStretch(image.rows, place.height(), shown.top - place.top, shown.bottom - place.top);
+    const cv::Mat part = image(cv::Range(down.from, down.to), cv::Range(across.from, across.to));
+    return {
+        resizedByArea(part, {across.targetTo - across.targetFrom, down.targetTo - down.targetFrom}),
+        place.left + across.targetFrom, place.top + down.targetFrom};
 }
 
 ImagePtr cutOut(const IplImage& image, const Rect& pixels) {

@@ -21,6 +21,18 @@ void mirrorUpsideDown(IplImage& image);
 /// The picture resized with area interpolation; null when the new image cannot be made.
 ImagePtr resizedByArea(const cv::Mat& image, Size size);
 
+/// A picture and the place of its top-left corner.
+struct PlacedImage {
+    ImagePtr image;  ///< Null when there is nothing to show, or it cannot be made.
+    int left = 0;
+    int top = 0;
+};
+
+/// The picture resized with area interpolation to fill `place`. When less than a quarter of that is
+/// visible, as of a panorama that fills a canvas, only what shows is made; its edges may then lie
+/// up to half a pixel beside those of the whole.
+PlacedImage resizedInto(const cv::Mat& image, const Rect& place, const Rect& visible);
+
 /// The part of the picture inside a rectangle, which is cut at the picture's edges first; null
 /// when nothing is left.
 ImagePtr cutOut(const IplImage& image, const Rect& pixels);
