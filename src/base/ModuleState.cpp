@@ -7,7 +7,7 @@ namespace {
 
 constinit std::mutex g_nodeLock;
 std::recursive_mutex g_imageBufferLock;
-constinit CDVDImage* g_recordInEdit = nullptr;
+constinit OpenEdit* g_openEdit = nullptr;
 constinit std::atomic<COLORREF> g_background{0};
 
 }  // namespace
@@ -20,12 +20,18 @@ std::recursive_mutex& imageBufferLock() {
     return g_imageBufferLock;
 }
 
-CDVDImage* recordInEdit() {
-    return g_recordInEdit;
+OpenEdit::OpenEdit() {
+    g_openEdit = this;
 }
 
-void setRecordInEdit(CDVDImage* record) {
-    g_recordInEdit = record;
+OpenEdit::~OpenEdit() {
+    if (g_openEdit == this) {
+        g_openEdit = nullptr;
+    }
+}
+
+OpenEdit* OpenEdit::current() {
+    return g_openEdit;
 }
 
 COLORREF currentBackground() {

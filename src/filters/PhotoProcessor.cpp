@@ -13,7 +13,7 @@
 namespace vellora {
 namespace {
 
-// Written by the edit dialog's thread, read while it draws and applies filters.
+// Written by the edit dialog's thread, read while it draws.
 FilterRegion g_previewRegion;
 
 bool isNone(const COpencvFilterInterface& filter) {
@@ -22,6 +22,16 @@ bool isNone(const COpencvFilterInterface& filter) {
 
 bool differByLessThanTwo(int a, int b) {
     return std::abs(a - b) < 2;
+}
+
+/// What the painter's surface shows of a rectangle in the painter's coordinates.
+Rect visiblePart(const QPainter& painter, const Rect& rect) {
+    const QPaintDevice& surface = *painter.device();
+    const QRectF shown = painter.combinedTransform().inverted().mapRect(
+        QRectF(0, 0, surface.width(), surface.height()));
+    const QRect part =
+        shown.intersected(QRectF(rect.left, rect.top, rect.width(), rect.height())).toAlignedRect();
+    return {part.left(), part.top(), part.left() + part.width(), part.top() + part.height()};
 }
 
 /// Lends an image to a filter, which may exchange it, and takes back whatever is there then, also
@@ -58,6 +68,26 @@ void CPhotoProcessor::ReleaseImages() {
     m_working.reset();
     m_source.reset();
     m_currentFilter = nullptr;
+}
+
+PhotoPictures CPhotoProcessor::TakePictures() {
+    PhotoPictures pictures{std::move(m_working),
+                           std::move(m_source),
+                           m_currentFilter,
+                           m_previewFactor,
+                           m_scaled,
+                           m_damaged};
+    ReleaseImages();
+    return pictures;
+}
+
+void CPhotoProcessor::PutPictures(PhotoPictures pictures) {
+    m_working = std::move(pictures.working);
+    m_source = std::move(pictures.source);
+    m_currentFilter = pictures.currentFilter;
+    m_previewFactor = pictures.previewFactor;
+    m_scaled = pictures.scaled;
+    m_damaged = pictures.damaged;
 }
 
 int CPhotoProcessor::GetWidth() const {
@@ -151,9 +181,9 @@ void CPhotoProcessor::DrawTo(QPainter& painter, const Rect& rect) {
         drawPicture(painter, rect.left, rect.top, pixels);
         return;
     }
-    const ImagePtr resized = resizedByArea(pixels, {rect.width(), rect.height()});
-    if (resized != nullptr) {
-        drawPicture(painter, rect.left, rect.top, cv::cvarrToMat(resized.get()));
+    const PlacedImage resized = resizedInto(pixels, rect, visiblePart(painter, rect));
+    if (resized.image != nullptr) {
+        drawPicture(painter, resized.left, resized.top, cv::cvarrToMat(resized.image.get()));
     }
 }
 

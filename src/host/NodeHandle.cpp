@@ -5,6 +5,7 @@
 #include <vellora/model/DVDImage.h>
 
 #include "base/ModuleState.h"
+#include "host/EditPause.h"
 
 namespace vellora {
 
@@ -33,7 +34,7 @@ void ReleaseNode(_HNODE* node) {
 void ReleaseImgBuf(_HNODE* node) {
     if (node != nullptr && node->data != nullptr && node->data->image != nullptr) {
         const std::lock_guard lock(imageBufferLock());
-        if (node->data->image != recordInEdit()) {
+        if (!isInEdit(*node->data->image)) {
             node->data->image->GetProcessor()->ReleaseImages();
         }
     }

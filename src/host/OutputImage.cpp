@@ -15,7 +15,7 @@
 #include "base/ImageView.h"
 #include "base/ModuleState.h"
 #include "base/StageFit.h"
-#include "host/EditedPhoto.h"
+#include "host/EditPause.h"
 #include "host/Guard.h"
 #include "host/NodeList.h"
 
@@ -61,7 +61,7 @@ IplImage* GetOutImg(_HNODE* node, int width, int height, const ImageCallback& ca
         QImage picture;
         {
             const std::lock_guard lock(imageBufferLock());
-            const EditedPhotoPause pause(*node->data->image);
+            const EditPause pause(*node->data->image);
             picture = composeOutput(*node->data->image, width != 0 && height != 0);
         }
         if (picture.isNull()) {
@@ -87,7 +87,8 @@ STATUS CImageObj::SaveNodeToFile(const QString& path, int index, int width, int 
         _PHOTO_LIST_NODE& photo = *position->data->photo;
         CDVDImage& image = *position->data->image;
         CPhotoProcessor& processor = *image.GetProcessor();
-        const EditedPhotoPause pause(image);
+        const EditPause pause(image);
+        const auto release = qScopeGuard([&processor] { processor.ReleaseImages(); });
         processor.Rebuild(false);
         const Size picture{processor.GetWidth(), processor.GetHeight()};
         Size canvas{width, height};
@@ -105,7 +106,6 @@ STATUS CImageObj::SaveNodeToFile(const QString& path, int index, int width, int 
         }
         image.SetCanvasSize(canvas.width, canvas.height);
         image.SaveAsJpeg(path, quality, fitMode);
-        processor.ReleaseImages();
         return S_OK;
     });
 }

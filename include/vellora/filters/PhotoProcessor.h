@@ -33,6 +33,16 @@ struct CropRecord {
     friend bool operator==(const CropRecord&, const CropRecord&) = default;
 };
 
+/// The pictures of a processor with what belongs to them, while they are put aside.
+struct PhotoPictures {
+    ImagePtr working;
+    ImagePtr source;
+    COpencvFilterInterface* currentFilter = nullptr;  ///< Not owned.
+    float previewFactor = 1.0F;                       ///< Photo pixels per preview pixel.
+    bool scaled = false;
+    bool damaged = false;
+};
+
 /// Owns the decoded picture of one photo, its crop steps and its filter chain, and rebuilds the
 /// edited picture from the photo file by replaying them.
 ///
@@ -58,6 +68,11 @@ public:
     void Rebuild(bool scaled);
     /// Drops the pictures and the current filter; crops and chain stay.
     void ReleaseImages();
+    /// Hands out the pictures and the current filter, so that another picture can be built; crops
+    /// and chain stay.
+    [[nodiscard]] PhotoPictures TakePictures();
+    /// Puts them in the place of those that are there.
+    void PutPictures(PhotoPictures pictures);
 
     [[nodiscard]] int GetWidth() const;   ///< Of the working image; 0 when there is none.
     [[nodiscard]] int GetHeight() const;  ///< Of the working image; 0 when there is none.
@@ -92,7 +107,8 @@ public:
     ///
     /// A preview picture is shown with the current filter applied to a copy. Where rectangle and
     /// picture differ by less than 2 in each direction, the picture is drawn unscaled at the
-    /// rectangle's top-left corner.
+    /// rectangle's top-left corner. Of a rectangle that lies mostly beyond the painter's surface
+    /// only the visible part is made.
     void DrawTo(QPainter& painter, const Rect& rect);
 
     /// Applies the current filter to a picture as the preview shows it, recording nothing.
@@ -101,7 +117,8 @@ public:
     /// The filter selected for the preview; not owned.
     void SetCurrentFilter(COpencvFilterInterface* filter) { m_currentFilter = filter; }
     [[nodiscard]] COpencvFilterInterface* GetCurrentFilter() const { return m_currentFilter; }
-    /// Sets the region that previews and applications of region filters use; module-wide.
+    /// Sets the region that previews of region filters use; module-wide. A filter that was
+    /// previewed keeps it when it is applied.
     static void SetPreviewROI(float x, float y, float cx, float cy);
 
     /// Applies the current filter to the picture and appends a clone of it to the chain. Nothing

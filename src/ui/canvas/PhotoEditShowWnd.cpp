@@ -63,7 +63,12 @@ QSize CPhotoEditShowWnd::sizeHint() const {
 void CPhotoEditShowWnd::SetSlide(int index, int count) {
     m_slideIndex = index;
     m_slideCount = count;
+    ExpandTexts();
     RedrawSprites();
+}
+
+void CPhotoEditShowWnd::ExpandTexts() {
+    expandTexts(m_session, m_slideIndex, m_slideCount);
 }
 
 void CPhotoEditShowWnd::SetCropMode(int mode) {
@@ -144,7 +149,7 @@ void CPhotoEditShowWnd::CommitEditor() {
     if (edited != nullptr && !m_session.holds(edited)) {
         m_selection.forget(edited);
     }
-    expandTexts(m_session, m_slideIndex, m_slideCount);
+    ExpandTexts();
     m_selection.set(committed.selected);
     RedrawSprites();
     setFocus(Qt::OtherFocusReason);
@@ -220,7 +225,7 @@ void CPhotoEditShowWnd::OnPhotoChanged() {
     m_mouse.crop().clear();
     m_marker->hide();
     unsetCursor();
-    expandTexts(m_session, m_slideIndex, m_slideCount);
+    ExpandTexts();
     m_layers->invalidatePhoto();
     update();
 }
@@ -232,7 +237,7 @@ void CPhotoEditShowWnd::OnEdited(PhotoEdit kind) {
         return;
     }
     if (!m_mouse.isDraggingSprite()) {
-        expandTexts(m_session, m_slideIndex, m_slideCount);
+        ExpandTexts();
     }
     RedrawSprites();
 }

@@ -36,6 +36,8 @@ public:
 
     /// The photo's place in the show, for the macros that tell it.
     void SetSlide(int index, int count);
+    /// Gives the texts their macros for this photo and place.
+    void ExpandTexts();
 
     /// Mode 0 manual, 1 for 4:3, 2 for 16:9, 3 for none. Acts only when the mode differs from the
     /// present one and the photo has a picture.

@@ -16,7 +16,6 @@
 #include <vellora/model/DVDImage.h>
 #include <vellora/model/DVDImageSprite.h>
 
-#include "base/ModuleState.h"
 #include "base/ResourceIds.h"
 #include "ui/EditSession.h"
 #include "ui/WaitCursor.h"
@@ -107,8 +106,15 @@ CImageProcessDialog::~CImageProcessDialog() {
     if (CDVDImage* record = m_session->record(); record != nullptr) {
         record->GetProcessor()->ReleaseImages();
     }
-    setRecordInEdit(nullptr);
     m_session->forgetPhoto();
+}
+
+CDVDImage* CImageProcessDialog::record() const {
+    return m_session->record();
+}
+
+void CImageProcessDialog::expandTexts() {
+    m_canvas->ExpandTexts();
 }
 
 void CImageProcessDialog::BuildTemplateControls() {
@@ -329,7 +335,6 @@ void CImageProcessDialog::OpenPhoto(const ListedPhoto& listed) {
     }
     listed.image->SetBackgroundColor(listed.photo->background);
     SetFrameColor(listed.photo->background);
-    setRecordInEdit(listed.image);
     // A picture that was built for an output may be there, at another size.
     listed.image->GetProcessor()->ReleaseImages();
     listed.image->GetProcessor()->Rebuild(true);

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "base/ModuleState.h"
 #include "ui/dialog/DialogLayout.h"
 #include "ui/dialog/HostNotifier.h"
 #include "ui/dialog/VUDFrame.h"
@@ -29,7 +30,7 @@ enum class ToolCommand { FlipX, FlipY, RotateLeft, RotateRight, Previous, Next, 
 ///
 /// Every edit is made at once; there is nothing to cancel, and closing the window in whatever way
 /// is "OK". The host hears of each flip, rotation, navigation and of the close command.
-class CImageProcessDialog : public CVUDFrame {
+class CImageProcessDialog : public CVUDFrame, private OpenEdit {
     Q_OBJECT
 
 public:
@@ -61,6 +62,9 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    [[nodiscard]] CDVDImage* record() const override;
+    void expandTexts() override;
+
     void BuildTemplateControls();
     void BuildPages(const QString& baseFolder);
     void Connect();

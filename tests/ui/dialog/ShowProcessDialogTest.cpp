@@ -1,6 +1,7 @@
 // The dialog in its own modal loop, driven by timers as a user and a host would.
 
 #include <QApplication>
+#include <QFile>
 #include <QPointer>
 #include <QPushButton>
 #include <QTimer>
@@ -8,11 +9,15 @@
 
 #include <opencv2/core/core_c.h>
 
+#include <vellora/base/HostText.h>
 #include <vellora/filters/PhotoProcessor.h>
 #include <vellora/host/NodeHandle.h>
+#include <vellora/model/DVDAlbumImage.h>
 #include <vellora/model/DVDImage.h>
+#include <vellora/model/DVDImageText.h>
 
 #include "base/ModuleState.h"
+#include "support/TestPhotos.h"
 #include "ui/dialog/DialogFixture.h"
 
 namespace vellora {
@@ -91,6 +96,50 @@ TEST_F(ShowProcessDialogTest, TheHostMayRenderAndReleaseMeanwhile) {
     EXPECT_EQ(showAnd(0, &host, act), S_OK);
     ReleaseImgBuf(m_handles[0]);
     EXPECT_EQ(image(0).GetProcessor()->GetWorking(), nullptr);
+}
+
+// A photo that is turned and then mirrored is another picture once it is built anew.
+TEST_F(ShowProcessDialogTest, WhatTheHostRendersMeanwhileLeavesThePictureAndTheTextsAlone) {
+    auto* text = new CDVDImageText(&image(1), QStringLiteral("."));
+    text->SetText(QStringLiteral("$[p] of $[P]"));
+    image(1).AddSprite(text, false);
+    const auto act = [this, text](QWidget& shown) {
+        auto& dialog = dynamic_cast<CImageProcessDialog&>(shown);
+        dialog.OnToolCommand(ToolCommand::RotateRight);
+        dialog.OnToolCommand(ToolCommand::FlipX);
+        const CPhotoProcessor& processor = *image(1).GetProcessor();
+        const cv::Mat before = cv::cvarrToMat(processor.GetWorking(), true);
+        EXPECT_EQ(text->GetDisplayText(), QStringLiteral("2 of 3"));
+        const auto expectUnchanged = [&] {
+            EXPECT_TRUE(test::identical(cv::cvarrToMat(processor.GetWorking(), true), before));
+            EXPECT_TRUE(processor.IsScaled());
+            EXPECT_EQ(text->GetDisplayText(), QStringLiteral("2 of 3"));
+        };
+        IplImage* full = render(m_handles[1], 0, 0);
+        ASSERT_NE(full, nullptr);
+        cvReleaseImage(&full);
+        expectUnchanged();
+        const QString file = folder.filePath(QStringLiteral("out.jpg"));
+        EXPECT_EQ(document.SaveNodeToFile(file, 1, 0, 0, 90, 0, 0, 0), S_OK);
+        expectUnchanged();
+        QFile::remove(hostText(photo(1).path));
+        EXPECT_EQ(render(m_handles[1], 0, 0), nullptr);
+        expectUnchanged();
+    };
+    EXPECT_EQ(showAnd(1, nullptr, act), S_OK);
+}
+
+TEST_F(ShowProcessDialogTest, ATextOfTheAlbumSurvivesRenderingAnotherPhoto) {
+    auto* text = new CDVDImageText(document.GetAlbum(), QStringLiteral("."));
+    text->SetText(QStringLiteral("$[p] of $[P]"));
+    document.GetAlbum()->AddSprite(text, false);
+    EXPECT_EQ(showAnd(2, nullptr,
+                      [this, text](QWidget&) {
+                          IplImage* other = render(m_handles[0], 1, 1);
+                          cvReleaseImage(&other);
+                          EXPECT_EQ(text->GetDisplayText(), QStringLiteral("3 of 3"));
+                      }),
+              S_OK);
 }
 
 TEST_F(ShowProcessDialogTest, AHostWindowThatGoesClosesTheDialog) {
