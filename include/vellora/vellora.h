@@ -17,8 +17,13 @@
 #include <vellora/host/NodeHandle.h>
 #include <vellora/host/PhotoFile.h>
 #include <vellora/host/PtrList.h>
+#include <vellora/model/ClipInfo.h>
 #include <vellora/model/DVDAlbumImage.h>
 #include <vellora/model/DVDImage.h>
 #include <vellora/model/DVDImageProps.h>
+#include <vellora/model/DVDImageText.h>
 #include <vellora/project/ProjectCheck.h>
 #include <vellora/project/ProjectContents.h>
+#include <vellora/text/EffectCatalogue.h>
+#include <vellora/text/PhotoTextEffect.h>
+#include <vellora/text/TextMacro.h>
