@@ -65,6 +65,7 @@ const CRuntimeClass* CDVDImage::GetRuntimeClass() const {
 void CDVDImage::BindNode(_PHOTO_LIST_NODE* node, CDVDAlbumImage* album) {
     m_node = node;
     m_album = album;
+    m_albumLife = album != nullptr ? album->GetLife() : std::weak_ptr<const void>();
     m_processor->SetNode(node);
 }
 
@@ -120,8 +121,8 @@ void CDVDImage::DrawSprites(QPainter& painter) {
     if (suppressesSprites(m_node)) {
         return;
     }
-    if (m_album != nullptr) {
-        for (CDVDImageSprite* sprite : m_album->GetSprites()) {
+    if (CDVDAlbumImage* album = GetAlbum(); album != nullptr) {
+        for (CDVDImageSprite* sprite : album->GetSprites()) {
             DrawSprite(painter, *sprite);
         }
     }
@@ -159,8 +160,9 @@ QImage CDVDImage::Compose(int width, int height, int fitMode) {
 }
 
 int CDVDImage::SaveAsJpeg(const QString& path, int quality, int fitMode) {
+    const CDVDAlbumImage* album = GetAlbum();
     const bool hasSprites =
-        !GetSprites().IsEmpty() || (m_album != nullptr && !m_album->GetSprites().IsEmpty());
+        !GetSprites().IsEmpty() || (album != nullptr && !album->GetSprites().IsEmpty());
     if ((!hasSprites || suppressesSprites(m_node)) &&
         isWholeCanvas(*m_processor, {m_canvasWidth, m_canvasHeight}, fitMode)) {
         writeJpeg(path, cv::cvarrToMat(m_processor->GetWorking()), quality);

@@ -109,6 +109,28 @@ TEST_F(DVDImageTest, PlacesPhotosOnTheCanvas) {
     EXPECT_EQ(photoArea(1), QRect(0, 0, 768, 576));
 }
 
+// Scaled as a whole it would have 2,160,000 x 1,080 pixels.
+TEST_F(DVDImageTest, AStripeOfAPhotoFillsTheCanvas) {
+    bindPhoto(2000, 1);
+    image.SetCanvasSize(1920, 1080);
+    EXPECT_EQ(photoArea(1), QRect(0, 0, 1920, 1080));
+    bindPhoto(1, 3000);
+    EXPECT_EQ(photoArea(1), QRect(0, 0, 1920, 1080));
+}
+
+TEST_F(DVDImageTest, AnAlbumThatIsGoneCountsAsNone) {
+    bindPhoto(600, 450);
+    {
+        CDVDAlbumImage shortLived;
+        addClip(shortLived, QStringLiteral("clip"), qRgb(0, 0, 250), {0, 0, 100, 100});
+        image.BindNode(node.get(), &shortLived);
+        EXPECT_EQ(image.GetAlbum(), &shortLived);
+    }
+    EXPECT_EQ(image.GetAlbum(), nullptr);
+    image.SetCanvasSize(600, 450);
+    EXPECT_EQ(image.Compose(600, 450, 0).pixel(50, 50), kPhoto);
+}
+
 TEST_F(DVDImageTest, DrawsAlbumSpritesBeneathThePhotosOwn) {
     bindPhoto(1200, 900);
     image.SetCanvasSize(1200, 900);

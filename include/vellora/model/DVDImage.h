@@ -33,7 +33,10 @@ public:
     /// Binds the record to a photo and an album; neither is owned, both may be null.
     void BindNode(_PHOTO_LIST_NODE* node, CDVDAlbumImage* album);
     [[nodiscard]] _PHOTO_LIST_NODE* GetNode() const { return m_node; }
-    [[nodiscard]] CDVDAlbumImage* GetAlbum() const { return m_album; }
+    /// The bound album; null once it is gone.
+    [[nodiscard]] CDVDAlbumImage* GetAlbum() const {
+        return m_albumLife.expired() ? nullptr : m_album;
+    }
     [[nodiscard]] CPhotoProcessor* GetProcessor() const { return m_processor.get(); }
 
     /// The size in pixels of the surface that is composed; nothing is redrawn.
@@ -51,9 +54,6 @@ public:
     /// and the sprites are shifted by the origin, in canvas pixels.
     void SetRegion(int x, int y);
     void ClearRegion() { m_regionFlag = false; }
-
-    /// Ends with the record, for those who keep a pointer to it.
-    [[nodiscard]] std::weak_ptr<const void> GetLife() const { return m_life; }
 
     /// A text held with the record.
     void SetName(const QString& name) { m_name = name; }
@@ -88,13 +88,13 @@ private:
     std::int32_t m_angle = -90;
     _PHOTO_LIST_NODE* m_node = nullptr;
     CDVDAlbumImage* m_album = nullptr;
+    std::weak_ptr<const void> m_albumLife;
     COLORREF m_background = 0;
     bool m_regionFlag = false;
     int m_canvasWidth = 768;
     int m_canvasHeight = 576;
     int m_regionX = 0;
     int m_regionY = 0;
-    std::shared_ptr<const void> m_life = std::make_shared<char>();
 };
 
 }  // namespace vellora

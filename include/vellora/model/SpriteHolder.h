@@ -3,6 +3,8 @@
 /// @file
 /// Keeping sprites: what a photo's edit record and the album do alike.
 
+#include <memory>
+
 #include <vellora/base/Export.h>
 #include <vellora/model/DVDImageSpriteArray.h>
 #include <vellora/model/SpriteOwner.h>
@@ -31,6 +33,9 @@ public:
     /// @return 1.
     int ClearSprites(bool deleteThem);
 
+    /// Ends with the record, for those who keep a pointer to it.
+    [[nodiscard]] std::weak_ptr<const void> GetLife() const { return m_life; }
+
 protected:
     CSpriteHolder() = default;
 
@@ -41,6 +46,7 @@ protected:
 
 private:
     CDVDImageSpriteArray m_sprites;
+    std::shared_ptr<const void> m_life = std::make_shared<char>();
 };
 
 }  // namespace vellora
