@@ -58,15 +58,15 @@ private:
         Reaches() = default;
         Reaches(int extent, double farthest);
         [[nodiscard]] int largest() const { return static_cast<int>(m_last.size()) - 2; }
-        /// The reach at a distance; the search starts from one that is close.
-        [[nodiscard]] int at(double distance, int close) const {
-            while (distance > upper(close)) {
-                ++close;
+        /// The reach at a distance, which is mostly the guess or the next one to it.
+        [[nodiscard]] int at(double distance, int guess) const {
+            const int step = distance > upper(guess) ? 1 : distance <= lower(guess) ? -1 : 0;
+            guess += step;
+            if (step == 0 || (lower(guess) < distance && distance <= upper(guess))) {
+                return guess;
             }
-            while (distance <= lower(close)) {
-                --close;
-            }
-            return close;
+            return static_cast<int>(std::ranges::lower_bound(m_last, distance) - m_last.begin()) -
+                   1;
         }
         /// A reach goes for distances above its lower bound, up to its upper one.
         [[nodiscard]] double lower(int reach) const {

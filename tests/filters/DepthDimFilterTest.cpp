@@ -73,8 +73,9 @@ cv::Mat dimmed(const cv::Mat& source, const std::array<float, 4>& region) {
 }
 
 TEST(DepthDimFilterTest, FollowsItsFormulas) {
-    for (const cv::Size size : {cv::Size(600, 450), cv::Size(1001, 333), cv::Size(77, 901),
-                                cv::Size(1, 40), cv::Size(40, 1), cv::Size(1, 1), cv::Size(3, 2)}) {
+    for (const cv::Size size :
+         {cv::Size(600, 450), cv::Size(1001, 333), cv::Size(77, 901), cv::Size(1, 40),
+          cv::Size(40, 1), cv::Size(1, 1), cv::Size(3, 2), cv::Size(2, 9000)}) {
         const cv::Mat picture = noise(size.width, size.height, 20);
         // Flat colours are whole multiples of every area.
         const cv::Mat flat(size, CV_8UC3, cv::Scalar(255, 77, 1));
