@@ -14,14 +14,15 @@ bool CBlackWhiteFilter::Apply(IplImage** image) {
     if (pixels.empty()) {
         return false;
     }
-    forEachRowBand(pixels, [](cv::Mat& rows) {
-        cv::Mat planes[3];
-        cv::split(rows, planes);
-        cv::max(planes[0], planes[1], planes[0]);
-        cv::max(planes[0], planes[2], planes[0]);
-        cv::cvtColor(planes[0], rows, cv::COLOR_GRAY2BGR);
+    return runsInMemory([&] {
+        forEachRowBand(pixels, [](cv::Mat& rows) {
+            cv::Mat planes[3];
+            cv::split(rows, planes);
+            cv::max(planes[0], planes[1], planes[0]);
+            cv::max(planes[0], planes[2], planes[0]);
+            cv::cvtColor(planes[0], rows, cv::COLOR_GRAY2BGR);
+        });
     });
-    return true;
 }
 
 const char16_t* CBlackWhiteFilter::GetName() const {

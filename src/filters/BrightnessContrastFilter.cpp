@@ -42,9 +42,10 @@ bool CBrightnessContrastFilter::Apply(IplImage** image) {
     if (pixels.empty()) {
         return false;
     }
-    const cv::Mat table = levelTable(factor(0), factor(1));
-    forEachRowBand(pixels, [&table](cv::Mat& rows) { cv::LUT(rows, table, rows); });
-    return true;
+    return runsInMemory([&] {
+        const cv::Mat table = levelTable(factor(0), factor(1));
+        forEachRowBand(pixels, [&table](cv::Mat& rows) { cv::LUT(rows, table, rows); });
+    });
 }
 
 const char16_t* CBrightnessContrastFilter::GetName() const {

@@ -66,13 +66,14 @@ bool CColorMatrixFilter::Apply(IplImage** image) {
     if (pixels.empty()) {
         return false;
     }
-    const Offsets offsets({factor(2), factor(1), factor(0)});
-    forEachRowBand(pixels, [&offsets](cv::Mat& rows) {
-        for (int y = 0; y < rows.rows; ++y) {
-            offsets.applyTo(rows.ptr<uchar>(y), rows.cols * 3);
-        }
+    return runsInMemory([&] {
+        const Offsets offsets({factor(2), factor(1), factor(0)});
+        forEachRowBand(pixels, [&offsets](cv::Mat& rows) {
+            for (int y = 0; y < rows.rows; ++y) {
+                offsets.applyTo(rows.ptr<uchar>(y), rows.cols * 3);
+            }
+        });
     });
-    return true;
 }
 
 const char16_t* CColorMatrixFilter::GetName() const {

@@ -13,12 +13,13 @@ bool CGreyFilter::Apply(IplImage** image) {
     if (pixels.empty()) {
         return false;
     }
-    forEachRowBand(pixels, [](cv::Mat& rows) {
-        cv::Mat grey;
-        cv::cvtColor(rows, grey, cv::COLOR_RGB2GRAY);
-        cv::cvtColor(grey, rows, cv::COLOR_GRAY2BGR);
+    return runsInMemory([&] {
+        forEachRowBand(pixels, [](cv::Mat& rows) {
+            cv::Mat grey;
+            cv::cvtColor(rows, grey, cv::COLOR_RGB2GRAY);
+            cv::cvtColor(grey, rows, cv::COLOR_GRAY2BGR);
+        });
     });
-    return true;
 }
 
 const char16_t* CGreyFilter::GetName() const {

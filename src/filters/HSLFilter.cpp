@@ -46,14 +46,15 @@ bool CHSLFilter::Apply(IplImage** image) {
     if (pixels.empty()) {
         return false;
     }
-    const cv::Mat table = offsetTable(factor(0), factor(2), factor(1));
-    forEachRowBand(pixels, [&table](cv::Mat& rows) {
-        cv::Mat hls;
-        cv::cvtColor(rows, hls, cv::COLOR_BGR2HLS);
-        cv::LUT(hls, table, hls);
-        cv::cvtColor(hls, rows, cv::COLOR_HLS2BGR);
+    return runsInMemory([&] {
+        const cv::Mat table = offsetTable(factor(0), factor(2), factor(1));
+        forEachRowBand(pixels, [&table](cv::Mat& rows) {
+            cv::Mat hls;
+            cv::cvtColor(rows, hls, cv::COLOR_BGR2HLS);
+            cv::LUT(hls, table, hls);
+            cv::cvtColor(hls, rows, cv::COLOR_HLS2BGR);
+        });
     });
-    return true;
 }
 
 const char16_t* CHSLFilter::GetName() const {

@@ -13,8 +13,8 @@ bool CInverseFilter::Apply(IplImage** image) {
     if (pixels.empty()) {
         return false;
     }
-    forEachRowBand(pixels, [](cv::Mat& rows) { cv::bitwise_not(rows, rows); });
-    return true;
+    return runsInMemory(
+        [&] { forEachRowBand(pixels, [](cv::Mat& rows) { cv::bitwise_not(rows, rows); }); });
 }
 
 const char16_t* CInverseFilter::GetName() const {

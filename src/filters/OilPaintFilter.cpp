@@ -179,8 +179,12 @@ bool COilPaintFilter::Apply(IplImage** image) {
     if (picture.empty()) {
         return false;
     }
-    const Brush brush(slantedStroke(strokeHalfLength(factor(0) / 6)));
-    return brush.pixelCount() == 0 || runsInMemory([&] { OilPainter(picture, brush).paint(); });
+    return runsInMemory([&] {
+        const Brush brush(slantedStroke(strokeHalfLength(factor(0) / 6)));
+        if (brush.pixelCount() != 0) {
+            OilPainter(picture, brush).paint();
+        }
+    });
 }
 
 const char16_t* COilPaintFilter::GetName() const {

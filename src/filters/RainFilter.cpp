@@ -37,8 +37,8 @@ Levels litLevels() {
 /// are drawn, but not more than a fixed number of steps for each pixel.
 std::int64_t boundedDrops(std::int32_t asked, std::int64_t longest, const cv::Mat& picture) {
     constexpr std::int64_t kAlways = 100'000;
-    constexpr std::int64_t kStepsPerPixel = 16;
-    const std::int64_t steps = std::clamp<std::int64_t>(longest, 16, 16 + picture.rows);
+    constexpr std::int64_t kStepsPerPixel = 32;
+    const std::int64_t steps = 2 * std::clamp<std::int64_t>(longest, 16, 16 + picture.rows);
     const auto pixels = static_cast<std::int64_t>(picture.total());
     return std::min<std::int64_t>(asked, std::max(kAlways, kStepsPerPixel * pixels / steps));
 }

@@ -97,6 +97,19 @@ cv::Mat turned(const cv::Mat& picture, double angle) {
     return result;
 }
 
+/// Turns a picture that is too large to be turned at its size.
+void turnReduced(cv::Mat& pixels, double angle) {
+    const float factor = std::min(static_cast<float>(kMaxSide) / static_cast<float>(pixels.cols),
+                                  static_cast<float>(kMaxSide) / static_cast<float>(pixels.rows));
+    const auto reduced = [factor](int side) {
+        return std::max(1, static_cast<int>(std::lround(static_cast<double>(side) * factor)));
+    };
+    cv::Mat work;
+    cv::resize(pixels, work, cv::Size(reduced(pixels.cols), reduced(pixels.rows)), 0, 0,
+               cv::INTER_LINEAR);
+    cv::resize(turned(work, angle), pixels, pixels.size(), 0, 0, cv::INTER_LINEAR);
+}
+
 }  // namespace
 
 CRotateFilter::CRotateFilter() : FactorFilter(kParams, FilterCategory::Adjustment, {500}) {}
@@ -107,20 +120,13 @@ bool CRotateFilter::Apply(IplImage** image) {
         return false;
     }
     const double angle = (static_cast<double>(factor(0)) - 500.0) / 1000.0 * 2.0 * std::numbers::pi;
-    if (pixels.cols <= kMaxSide && pixels.rows <= kMaxSide) {
-        Turner(pixels, angle).turnInto(pixels);
-        return true;
-    }
-    const float factor = std::min(static_cast<float>(kMaxSide) / static_cast<float>(pixels.cols),
-                                  static_cast<float>(kMaxSide) / static_cast<float>(pixels.rows));
-    const auto reduced = [factor](int side) {
-        return std::max(1, static_cast<int>(std::lround(static_cast<double>(side) * factor)));
-    };
-    cv::Mat work;
-    cv::resize(pixels, work, cv::Size(reduced(pixels.cols), reduced(pixels.rows)), 0, 0,
-               cv::INTER_LINEAR);
-    cv::resize(turned(work, angle), pixels, pixels.size(), 0, 0, cv::INTER_LINEAR);
-    return true;
+    return runsInMemory([&] {
+        if (pixels.cols <= kMaxSide && pixels.rows <= kMaxSide) {
+            Turner(pixels, angle).turnInto(pixels);
+        } else {
+            turnReduced(pixels, angle);
+        }
+    });
 }
 
 const char16_t* CRotateFilter::GetName() const {

@@ -136,7 +136,7 @@ private:
 /// The number of flakes to draw. A file may ask for any number: far more than the slider reaches
 /// are drawn, but not more than a fixed number for each pixel.
 std::int64_t boundedFlakes(std::int32_t asked, int radius, const cv::Mat& picture) {
-    constexpr std::int64_t kAlways = 1000;
+    constexpr std::int64_t kAlways = 15'000;
     constexpr std::int64_t kTouchesPerPixel = 64;
     const std::int64_t side = 2 * static_cast<std::int64_t>(radius) + 1;
     const auto pixels = static_cast<std::int64_t>(picture.total());
@@ -156,14 +156,17 @@ bool CSnowFilter::Apply(IplImage** image) {
     seedFromClock();
     const int radius = flakeRadius(picture.size());
     return runsInMemory([&] {
-        for (std::size_t pass = 0; pass < kSharpness.size(); ++pass) {
-            const Flake flake(radius, static_cast<float>(1.0 / std::sqrt(kSharpness[pass])));
+        std::vector<Flake> shapes;
+        for (const auto sharpness : kSharpness) {
+            shapes.emplace_back(radius, static_cast<float>(1.0 / std::sqrt(sharpness)));
+        }
+        for (std::size_t pass = 0; pass < shapes.size(); ++pass) {
             const std::int64_t flakes = boundedFlakes(factor(pass), radius, picture);
             RandomRun random;
             for (std::int64_t i = 0; i < flakes; ++i) {
                 const int x = random.below(picture.cols);
                 const int y = random.below(picture.rows);
-                flake.fallOn(picture, {x, y});
+                shapes[pass].fallOn(picture, {x, y});
             }
         }
     });

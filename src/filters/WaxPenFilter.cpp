@@ -84,8 +84,12 @@ bool CWaxPenFilter::Apply(IplImage** image) {
     seedFromClock();
     const int halfLength = strokeHalfLength(static_cast<std::int64_t>(factor(0)) / 4);
     const float hardness = static_cast<float>(factor(1)) / 100.0F;
-    const Brush brush(crayon(halfLength, hardness));
-    return brush.pixelCount() == 0 || runsInMemory([&] { paintWax(picture, brush); });
+    return runsInMemory([&] {
+        const Brush brush(crayon(halfLength, hardness));
+        if (brush.pixelCount() != 0) {
+            paintWax(picture, brush);
+        }
+    });
 }
 
 const char16_t* CWaxPenFilter::GetName() const {

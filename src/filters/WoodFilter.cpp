@@ -45,13 +45,14 @@ bool CWoodFilter::Apply(IplImage** image) {
     if (picture.empty()) {
         return false;
     }
-    forEachRowBand(picture, [](cv::Mat& rows) {
-        cv::Mat planes[3];
-        cv::split(rows, planes);
-        splitLevels(planes);
-        cv::cvtColor(planes[0], rows, cv::COLOR_GRAY2BGR);
+    return runsInMemory([&] {
+        forEachRowBand(picture, [](cv::Mat& rows) {
+            cv::Mat planes[3];
+            cv::split(rows, planes);
+            splitLevels(planes);
+            cv::cvtColor(planes[0], rows, cv::COLOR_GRAY2BGR);
+        });
     });
-    return true;
 }
 
 const char16_t* CWoodFilter::GetName() const {
