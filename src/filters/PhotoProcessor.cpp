@@ -1,6 +1,7 @@
 #include <QPainter>
 #include <cstdlib>
 #include <string_view>
+#include <utility>
 
 #include <opencv2/core/core_c.h>
 
@@ -57,6 +58,21 @@ bool hasIndex(const Items& items, int index) {
 
 }  // namespace
 
+void BuiltPicture::add(Step::Kind kind, int value) {
+    const bool repeats = !since.empty() && since.back().kind == kind;
+    if (repeats && kind == Step::Kind::Turn) {
+        value = (since.back().value + value) % 360;
+        since.pop_back();
+        if (value == 0) {
+            return;
+        }
+    } else if (repeats && (kind == Step::Kind::FlipX || kind == Step::Kind::FlipY)) {
+        since.pop_back();
+        return;
+    }
+    since.push_back({kind, value});
+}
+
 CPhotoProcessor::CPhotoProcessor() = default;
 CPhotoProcessor::~CPhotoProcessor() = default;
 
@@ -65,54 +81,44 @@ void CPhotoProcessor::SetNode(_PHOTO_LIST_NODE* node) {
 }
 
 void CPhotoProcessor::ReleaseImages() {
-    m_working.reset();
-    m_source.reset();
+    m_built.working.reset();
+    m_built.source.reset();
     m_currentFilter = nullptr;
 }
 
-PhotoPictures CPhotoProcessor::TakePictures() {
-    PhotoPictures pictures{std::move(m_working),
-                           std::move(m_source),
-                           m_currentFilter,
-                           m_previewFactor,
-                           m_scaled,
-                           m_damaged};
-    ReleaseImages();
-    return pictures;
+BuiltPicture CPhotoProcessor::TakePicture() {
+    return std::exchange(m_built, {});
 }
 
-void CPhotoProcessor::PutPictures(PhotoPictures pictures) {
-    m_working = std::move(pictures.working);
-    m_source = std::move(pictures.source);
-    m_currentFilter = pictures.currentFilter;
-    m_previewFactor = pictures.previewFactor;
-    m_scaled = pictures.scaled;
-    m_damaged = pictures.damaged;
+void CPhotoProcessor::PutPicture(BuiltPicture picture) {
+    m_built = std::move(picture);
 }
 
 int CPhotoProcessor::GetWidth() const {
-    return m_working != nullptr ? m_working->width : 0;
+    return m_built.working != nullptr ? m_built.working->width : 0;
 }
 
 int CPhotoProcessor::GetHeight() const {
-    return m_working != nullptr ? m_working->height : 0;
+    return m_built.working != nullptr ? m_built.working->height : 0;
 }
 
 void CPhotoProcessor::FlipWorkingX() {
-    if (m_working != nullptr) {
+    if (m_built.working != nullptr) {
         if (m_node != nullptr) {
             m_node->changed = 1;
         }
-        mirrorLeftRight(*m_working);
+        mirrorLeftRight(*m_built.working);
+        m_built.add(BuiltPicture::Step::Kind::FlipX);
     }
 }
 
 void CPhotoProcessor::FlipWorkingY() {
-    if (m_working != nullptr) {
+    if (m_built.working != nullptr) {
         if (m_node != nullptr) {
             m_node->changed = 1;
         }
-        mirrorUpsideDown(*m_working);
+        mirrorUpsideDown(*m_built.working);
+        m_built.add(BuiltPicture::Step::Kind::FlipY);
     }
 }
 
@@ -151,31 +157,34 @@ void CPhotoProcessor::RotateRight() {
 }
 
 void CPhotoProcessor::RotateQuarter(int degrees) {
-    if (m_working != nullptr) {
-        if (ImagePtr rotated = rotatedQuarter(*m_working, degrees)) {
-            m_working = std::move(rotated);
+    if (m_built.working != nullptr) {
+        if (ImagePtr rotated = rotatedQuarter(*m_built.working, degrees)) {
+            m_built.working = std::move(rotated);
+            m_built.add(BuiltPicture::Step::Kind::Turn, degrees);
         }
     }
 }
 
 ImagePtr CPhotoProcessor::FitCopy(int maxWidth, int maxHeight) const {
-    if (m_working == nullptr) {
+    if (m_built.working == nullptr) {
         return nullptr;
     }
-    const Size size = boxFit({m_working->width, m_working->height}, {maxWidth, maxHeight});
-    return resizedByArea(cv::cvarrToMat(m_working.get()), size);
+    const Size size =
+        boxFit({m_built.working->width, m_built.working->height}, {maxWidth, maxHeight});
+    return resizedByArea(cv::cvarrToMat(m_built.working.get()), size);
 }
 
 void CPhotoProcessor::DrawTo(QPainter& painter, const Rect& rect) {
-    if (m_working == nullptr || rect.isEmpty()) {
+    if (m_built.working == nullptr || rect.isEmpty()) {
         return;
     }
     ImagePtr filtered;
-    if (m_scaled && m_currentFilter != nullptr && !isNone(*m_currentFilter)) {
-        filtered = copyImage(cv::cvarrToMat(m_working.get()));
+    if (m_built.scaled && m_currentFilter != nullptr && !isNone(*m_currentFilter)) {
+        filtered = copyImage(cv::cvarrToMat(m_built.working.get()));
         ApplyPreview(filtered);
     }
-    const cv::Mat pixels = cv::cvarrToMat(filtered != nullptr ? filtered.get() : m_working.get());
+    const cv::Mat pixels =
+        cv::cvarrToMat(filtered != nullptr ? filtered.get() : m_built.working.get());
     if (differByLessThanTwo(rect.width(), pixels.cols) &&
         differByLessThanTwo(rect.height(), pixels.rows)) {
         drawPicture(painter, rect.left, rect.top, pixels);
@@ -204,8 +213,8 @@ void CPhotoProcessor::SetPreviewROI(float x, float y, float cx, float cy) {
 }
 
 void CPhotoProcessor::ApplyToWorking(COpencvFilterInterface& filter) {
-    if (m_working != nullptr) {
-        LentImage lent(m_working);
+    if (m_built.working != nullptr) {
+        LentImage lent(m_built.working);
         filter.Apply(lent.image());  // the result is no reason to skip anything
     }
 }
@@ -226,6 +235,7 @@ bool CPhotoProcessor::ApplyCurrentFilter() {
         recorded->FlipY = m_node->flip_y == 1;
     }
     m_chain.push_back(std::move(recorded));
+    m_built.add(BuiltPicture::Step::Kind::Filter, GetFilterCount() - 1);
     return true;
 }
 
@@ -259,18 +269,19 @@ bool CPhotoProcessor::Crop(int x, int y, int width, int height) {
     }
     m_crops.push_back(
         {x, y, width, height, m_node->flip_x == 1, m_node->flip_y == 1, m_node->rotation});
+    m_built.add(BuiltPicture::Step::Kind::Crop, GetCropCount() - 1);
     return true;
 }
 
 bool CPhotoProcessor::CutWorking(const Rect& pixels) {
-    if (m_working == nullptr) {
+    if (m_built.working == nullptr) {
         return false;
     }
-    ImagePtr cut = cutOut(*m_working, pixels);
+    ImagePtr cut = cutOut(*m_built.working, pixels);
     if (cut == nullptr) {
         return false;
     }
-    m_working = std::move(cut);
+    m_built.working = std::move(cut);
     return true;
 }
 

@@ -1,6 +1,7 @@
 // Decoding a photo and replaying its edits.
 
 #include <QFileInfo>
+#include <QScopeGuard>
 #include <QString>
 #include <algorithm>
 #include <cstdint>
@@ -30,19 +31,21 @@ int turnBetween(std::int32_t from, std::int32_t to) {
 }  // namespace
 
 void CPhotoProcessor::Rebuild(bool scaled) {
-    m_scaled = scaled;
-    if (m_node == nullptr || m_node->path[0] == u'\0' || m_working != nullptr) {
+    m_built.scaled = scaled;
+    if (m_node == nullptr || m_node->path[0] == u'\0' || m_built.working != nullptr) {
         return;
     }
     try {
         if (DecodeSource()) {
             MakeWorkingFromSource();
-            Replay();
+            m_built.replayed = RecordedEdits();
+            Replay(m_built.replayed);
+            m_built.since.clear();
         }
     } catch (...) {
         // A picture of which only some edits are done would be taken for the finished one.
-        m_working.reset();
-        m_source.reset();
+        m_built.working.reset();
+        m_built.source.reset();
         throw;
     }
 }
@@ -53,79 +56,102 @@ bool CPhotoProcessor::DecodeSource() {
         return false;  // reading a pipe or a terminal would never end
     }
     DecodedPhoto photo = decodeJpeg(path);
-    m_damaged = photo.damaged;
-    m_source = std::move(photo.image);
-    return m_source != nullptr || LoadWithGdiplus(path);
+    m_built.damaged = photo.damaged;
+    m_built.source = std::move(photo.image);
+    return m_built.source != nullptr || LoadWithGdiplus(path);
 }
 
 bool CPhotoProcessor::LoadWithGdiplus(const QString& path) {
-    m_source = decodeWithQt(path).image;
-    return m_source != nullptr;
+    m_built.source = decodeWithQt(path).image;
+    return m_built.source != nullptr;
 }
 
 void CPhotoProcessor::MakeWorkingFromSource() {
-    const Size decoded{m_source->width, m_source->height};
-    m_previewFactor = previewFactor(decoded);
-    if (!m_scaled) {
-        m_working = std::move(m_source);
+    const Size decoded{m_built.source->width, m_built.source->height};
+    m_built.previewFactor = previewFactor(decoded);
+    if (!m_built.scaled) {
+        m_built.working = std::move(m_built.source);
         return;
     }
     const Size reduced = previewSize(decoded);
-    const cv::Mat pixels = cv::cvarrToMat(m_source.get());
-    m_working = reduced == decoded ? copyImage(pixels) : resizedByArea(pixels, reduced);
+    const cv::Mat pixels = cv::cvarrToMat(m_built.source.get());
+    m_built.working = reduced == decoded ? copyImage(pixels) : resizedByArea(pixels, reduced);
 }
 
 ImagePtr CPhotoProcessor::MakeDetailed(double detail) {
-    if (m_working == nullptr || m_source == nullptr || !m_scaled || m_node == nullptr) {
+    if (m_built.working == nullptr || m_built.source == nullptr || !m_built.scaled ||
+        m_node == nullptr) {
         return nullptr;
     }
-    const Size decoded{m_source->width, m_source->height};
-    const Size preview = previewSize(decoded);
+    const Size decoded{m_built.source->width, m_built.source->height};
+    const Size shownSize = previewSize(decoded);
     const double factor = std::min(detail, static_cast<double>(previewFactor(decoded)));
-    const Size detailed{static_cast<int>(preview.width * factor),
-                        static_cast<int>(preview.height * factor)};
-    if (factor <= 1.0 || detailed == preview) {
+    const Size detailed{static_cast<int>(shownSize.width * factor),
+                        static_cast<int>(shownSize.height * factor)};
+    if (factor <= 1.0 || detailed == shownSize) {
         return nullptr;
     }
-    ImagePtr picture = resizedByArea(cv::cvarrToMat(m_source.get()), detailed);
+    ImagePtr picture = resizedByArea(cv::cvarrToMat(m_built.source.get()), detailed);
     if (picture == nullptr) {
         return nullptr;
     }
-    // The edits are replayed as for a full-size picture, beside the preview that stays.
-    const float previewFactorBefore = m_previewFactor;
+    // The edits are made anew as for a full-size picture, beside the preview that stays, and those
+    // made since it was built in the order of their making: a replay may turn and mirror in
+    // another one.
     const std::int32_t changedBefore = m_node->changed;
-    const auto restore = [&] {
-        std::swap(m_working, picture);
-        m_scaled = true;
-        m_previewFactor = previewFactorBefore;
+    BuiltPicture preview = std::exchange(m_built, {});
+    const auto restore = qScopeGuard([&] {
+        m_built = std::move(preview);
         m_node->changed = changedBefore;
-    };
-    std::swap(m_working, picture);
-    m_scaled = false;
-    m_previewFactor = static_cast<float>(detailed.width) / static_cast<float>(preview.width);
-    try {
-        Replay();
-    } catch (...) {
-        restore();
-        throw;
+    });
+    m_built.working = std::move(picture);
+    m_built.previewFactor =
+        static_cast<float>(detailed.width) / static_cast<float>(shownSize.width);
+    Replay(preview.replayed);
+    for (const BuiltPicture::Step& step : preview.since) {
+        RepeatStep(step);
     }
-    restore();
-    return picture;
+    return std::move(m_built.working);
 }
 
-void CPhotoProcessor::Replay() {
+BuiltPicture::Extent CPhotoProcessor::RecordedEdits() const {
+    return {m_crops.size(), m_chain.size(), m_node->flip_x == 1, m_node->flip_y == 1,
+            m_node->rotation};
+}
+
+void CPhotoProcessor::RepeatStep(const BuiltPicture::Step& step) {
+    switch (step.kind) {
+        case BuiltPicture::Step::Kind::FlipX:
+            FlipWorkingX();
+            break;
+        case BuiltPicture::Step::Kind::FlipY:
+            FlipWorkingY();
+            break;
+        case BuiltPicture::Step::Kind::Turn:
+            RotateQuarter(step.value);
+            break;
+        case BuiltPicture::Step::Kind::Filter:
+            ApplyToWorking(*m_chain[static_cast<std::size_t>(step.value)]);
+            break;
+        case BuiltPicture::Step::Kind::Crop:
+            CutRecordedCrop(m_crops[static_cast<std::size_t>(step.value)]);
+            break;
+    }
+}
+
+void CPhotoProcessor::Replay(const BuiltPicture::Extent& extent) {
     State state;
     std::size_t next = 0;
-    for (std::size_t step = 0; step < m_crops.size(); ++step) {
+    for (std::size_t step = 0; step < extent.crops; ++step) {
         const CropRecord& crop = m_crops[step];
         if (crop.width > 0 && crop.height > 0) {
-            ApplyFiltersUpTo(state, next, static_cast<std::int32_t>(step));
+            ApplyFiltersUpTo(state, next, extent.filters, static_cast<std::int32_t>(step));
             BringTo(state, crop.FlipX, crop.FlipY, crop.angle);
             CutRecordedCrop(crop);
         }
     }
-    ApplyFiltersUpTo(state, next, std::numeric_limits<std::int32_t>::max());
-    BringToRecord(state);
+    ApplyFiltersUpTo(state, next, extent.filters, std::numeric_limits<std::int32_t>::max());
+    BringToEnd(state, extent);
 }
 
 void CPhotoProcessor::BringTo(State& state, bool flipX, bool flipY, std::int32_t angle) {
@@ -143,16 +169,17 @@ void CPhotoProcessor::BringTo(State& state, bool flipX, bool flipY, std::int32_t
     }
 }
 
-void CPhotoProcessor::BringToRecord(State& state) {
-    BringTo(state, m_node->flip_x == 1, m_node->flip_y == 1, state.angle);
-    if (m_node->rotation != state.angle) {
+void CPhotoProcessor::BringToEnd(State& state, const BuiltPicture::Extent& extent) {
+    BringTo(state, extent.flipX, extent.flipY, state.angle);
+    if (extent.angle != state.angle) {
         // By the photo's own angle, not by the difference: older shows rely on it.
-        RotateQuarter(m_node->rotation);
+        RotateQuarter(extent.angle);
     }
 }
 
-void CPhotoProcessor::ApplyFiltersUpTo(State& state, std::size_t& next, std::int32_t cropStep) {
-    for (; next < m_chain.size() && m_chain[next]->crop_step <= cropStep; ++next) {
+void CPhotoProcessor::ApplyFiltersUpTo(State& state, std::size_t& next, std::size_t end,
+                                       std::int32_t cropStep) {
+    for (; next < end && m_chain[next]->crop_step <= cropStep; ++next) {
         COpencvFilterInterface& filter = *m_chain[next];
         BringTo(state, filter.FlipX, filter.FlipY, filter.Angle);
         ApplyToWorking(filter);
@@ -160,15 +187,15 @@ void CPhotoProcessor::ApplyFiltersUpTo(State& state, std::size_t& next, std::int
 }
 
 void CPhotoProcessor::CutRecordedCrop(const CropRecord& record) {
-    if (m_working == nullptr) {
+    if (m_built.working == nullptr) {
         return;
     }
     // The record is in pixels of the stage. The preview shows them one to one, except where a
     // turned picture had to be reduced once more to fit; a full-size picture has
-    // `m_previewFactor` pixels for each of the preview's.
-    const double pixelsPerPreview = m_scaled ? 1.0 : m_previewFactor;
-    const Size preview{scaledEdge(GetWidth(), 1.0 / pixelsPerPreview),
-                       scaledEdge(GetHeight(), 1.0 / pixelsPerPreview)};
+    // `m_built.previewFactor` pixels for each of the preview's.
+    const double pixelsPerPreview = m_built.scaled ? 1.0 : m_built.previewFactor;
+    const Size preview{static_cast<int>(GetWidth() / pixelsPerPreview),
+                       static_cast<int>(GetHeight() / pixelsPerPreview)};
     const Size shown = fittedSize(preview, {kStageWidth, kStageHeight});
     double factor = pixelsPerPreview;
     if (shown.width > 0 && shown.width != preview.width) {
@@ -183,17 +210,18 @@ void CPhotoProcessor::CutRecordedCrop(const CropRecord& record) {
 void CPhotoProcessor::RestoreOriginal() {
     m_chain.clear();
     m_crops.clear();
-    m_working.reset();
+    m_built.working.reset();
     if (m_node == nullptr) {
         return;
     }
-    if (m_source == nullptr) {
-        Rebuild(m_scaled);
+    if (m_built.source == nullptr) {
+        Rebuild(m_built.scaled);
         return;
     }
     MakeWorkingFromSource();
-    State state;
-    BringToRecord(state);
+    m_built.replayed = RecordedEdits();
+    Replay(m_built.replayed);
+    m_built.since.clear();
 }
 
 }  // namespace vellora

@@ -14,20 +14,22 @@ inline bool isInEdit(const CDVDImage& image) {
     return edit != nullptr && edit->record() == &image;
 }
 
-/// Keeps the edit dialog as it is while the host renders a photo. The pictures of the photo that is
-/// being edited are put aside, so that the host gets it as it is committed and at the size it asks
+/// Keeps the edit dialog as it is while the host renders a photo. The picture of the photo that is
+/// being edited is put aside, so that the host gets it as it is committed and at the size it asks
 /// for. The image-buffer lock must be held, or the thread be the dialog's.
 class EditPause {
 public:
     explicit EditPause(CDVDImage& image) {
         if (isInEdit(image)) {
             m_processor = image.GetProcessor();
-            m_pictures = m_processor->TakePictures();
+            m_filter = m_processor->GetCurrentFilter();
+            m_picture = m_processor->TakePicture();
         }
     }
     ~EditPause() {
         if (m_processor != nullptr) {
-            m_processor->PutPictures(std::move(m_pictures));
+            m_processor->PutPicture(std::move(m_picture));
+            m_processor->SetCurrentFilter(m_filter);
         }
         if (OpenEdit* edit = OpenEdit::current(); edit != nullptr) {
             edit->expandTexts();
@@ -38,7 +40,8 @@ public:
 
 private:
     CPhotoProcessor* m_processor = nullptr;
-    PhotoPictures m_pictures;
+    COpencvFilterInterface* m_filter = nullptr;
+    BuiltPicture m_picture;
 };
 
 }  // namespace vellora

@@ -33,14 +33,37 @@ struct CropRecord {
     friend bool operator==(const CropRecord&, const CropRecord&) = default;
 };
 
-/// The pictures of a processor with what belongs to them, while they are put aside.
-struct PhotoPictures {
-    ImagePtr working;
-    ImagePtr source;
-    COpencvFilterInterface* currentFilter = nullptr;  ///< Not owned.
-    float previewFactor = 1.0F;                       ///< Photo pixels per preview pixel.
+/// The picture that a processor has built, with all that belongs to it. Only the processor looks
+/// inside.
+class VELLORA_EXPORT BuiltPicture {
+    friend class CPhotoProcessor;
+
+    /// What a replay of recorded edits covers, and the flips and the angle that it ends with.
+    struct Extent {
+        std::size_t crops = 0;
+        std::size_t filters = 0;
+        bool flipX = false;
+        bool flipY = false;
+        std::int32_t angle = 0;
+    };
+    /// One thing that was done to the picture itself.
+    struct Step {
+        enum class Kind { FlipX, FlipY, Turn, Filter, Crop };
+        Kind kind;
+        int value;  ///< Degrees of a turn, index of a filter or crop.
+    };
+
+    void add(Step::Kind kind, int value = 0);
+
     bool scaled = false;
     bool damaged = false;
+    float previewFactor = 1.0F;  ///< Photo pixels per preview pixel.
+    ImagePtr working;
+    /// The decoded photo. Kept for previews, where edits are taken back; a full-size picture is
+    /// the decoded photo itself, edited in place.
+    ImagePtr source;
+    Extent replayed;          ///< What the picture was built from.
+    std::vector<Step> since;  ///< What was done to it after that.
 };
 
 /// Owns the decoded picture of one photo, its crop steps and its filter chain, and rebuilds the
@@ -68,20 +91,20 @@ public:
     void Rebuild(bool scaled);
     /// Drops the pictures and the current filter; crops and chain stay.
     void ReleaseImages();
-    /// Hands out the pictures and the current filter, so that another picture can be built; crops
-    /// and chain stay.
-    [[nodiscard]] PhotoPictures TakePictures();
-    /// Puts them in the place of those that are there.
-    void PutPictures(PhotoPictures pictures);
+    /// Hands the picture out, so that another can be built; crops and chain stay, and so does the
+    /// current filter.
+    [[nodiscard]] BuiltPicture TakePicture();
+    /// Puts a picture in the place of the one that is there.
+    void PutPicture(BuiltPicture picture);
 
     [[nodiscard]] int GetWidth() const;   ///< Of the working image; 0 when there is none.
     [[nodiscard]] int GetHeight() const;  ///< Of the working image; 0 when there is none.
     /// The working image, still owned by the processor, or null.
-    [[nodiscard]] const IplImage* GetWorking() const { return m_working.get(); }
+    [[nodiscard]] const IplImage* GetWorking() const { return m_built.working.get(); }
     /// Whether the photo file ended early or held damaged data when it was decoded last.
-    [[nodiscard]] bool IsDamaged() const { return m_damaged; }
+    [[nodiscard]] bool IsDamaged() const { return m_built.damaged; }
     /// Whether the working image was built for the preview.
-    [[nodiscard]] bool IsScaled() const { return m_scaled; }
+    [[nodiscard]] bool IsScaled() const { return m_built.scaled; }
 
     void FlipWorkingX();  ///< Mirrors the picture left to right and marks the photo changed.
     void FlipWorkingY();  ///< Mirrors the picture upside down and marks the photo changed.
@@ -157,22 +180,18 @@ private:
     bool DecodeSource();
     bool LoadWithGdiplus(const QString& path);
     void MakeWorkingFromSource();
-    void Replay();
+    [[nodiscard]] BuiltPicture::Extent RecordedEdits() const;
+    void Replay(const BuiltPicture::Extent& extent);
+    void RepeatStep(const BuiltPicture::Step& step);
     void BringTo(State& state, bool flipX, bool flipY, std::int32_t angle);
-    void BringToRecord(State& state);
-    void ApplyFiltersUpTo(State& state, std::size_t& next, std::int32_t cropStep);
+    void BringToEnd(State& state, const BuiltPicture::Extent& extent);
+    void ApplyFiltersUpTo(State& state, std::size_t& next, std::size_t end, std::int32_t cropStep);
     void CutRecordedCrop(const CropRecord& record);
     bool CutWorking(const Rect& pixels);
     void ApplyToWorking(COpencvFilterInterface& filter);
 
     _PHOTO_LIST_NODE* m_node = nullptr;
-    bool m_scaled = false;
-    bool m_damaged = false;
-    float m_previewFactor = 1.0F;  ///< Photo pixels per preview pixel.
-    ImagePtr m_working;
-    /// The decoded photo. Kept for previews, where edits are taken back; a full-size picture is
-    /// the decoded photo itself, edited in place.
-    ImagePtr m_source;
+    BuiltPicture m_built;
     COpencvFilterInterface* m_currentFilter = nullptr;
     std::vector<std::unique_ptr<COpencvFilterInterface>> m_chain;
     std::vector<CropRecord> m_crops;
