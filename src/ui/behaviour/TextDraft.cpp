@@ -8,6 +8,7 @@
 #include <vellora/model/DVDImageText.h>
 #include <vellora/text/TextMacro.h>
 
+#include "base/XmlText.h"
 #include "ui/EditSession.h"
 
 namespace vellora {
@@ -42,19 +43,20 @@ CDVDImageText* addText(EditSession& session, const QString& text, QPoint positio
 }
 
 CommittedDraft commitDraft(EditSession& session, const TextDraft& draft, const TextStyle& style) {
+    const QString text = xmlText(draft.text);
     if (!session.holds(draft.target)) {
-        if (draft.text.isEmpty()) {
+        if (text.isEmpty()) {
             return {};
         }
-        return {addText(session, draft.text, draft.position, style), true};
+        return {addText(session, text, draft.position, style), true};
     }
-    if (draft.text.isEmpty()) {
+    if (text.isEmpty()) {
         session.removeSprite(draft.target);
         return {};
     }
     session.setTextStyle(draft.target, style);
     session.moveSprite(draft.target, draft.position);
-    session.setText(draft.target, draft.text);
+    session.setText(draft.target, text);
     return {draft.target, false};
 }
 

@@ -4,6 +4,7 @@
 #include <vellora/model/DVDImageText.h>
 
 #include "ui/LanguageIds.h"
+#include "ui/controls/TypedText.h"
 
 namespace vellora {
 
@@ -28,6 +29,8 @@ void InPlaceText::open(const TextDraft& draft, const TextStyle& style) {
     m_editor->setAccessibleName(LanguageWord(QStringLiteral("Text on the photo")));
     m_editor->SetStyle(style);
     m_editor->setPlainText(draft.text);
+    m_openedText = draft.text;
+    m_shownText = typedText(*m_editor);
     m_editor->move(draft.position);
     // What a new text says is there to be typed over.
     if (draft.text == LanguageString(kDoubleClickToEdit)) {
@@ -62,7 +65,8 @@ TextDraft InPlaceText::close() {
     if (!isOpen()) {
         return {};
     }
-    const TextDraft draft{m_target, m_editor->toPlainText(), m_editor->pos()};
+    const QString typed = typedText(*m_editor);
+    const TextDraft draft{m_target, typed == m_shownText ? m_openedText : typed, m_editor->pos()};
     CEditTrans* editor = m_editor;
     m_editor = nullptr;
     m_target = nullptr;

@@ -48,6 +48,8 @@ private:
     QWidget& m_canvas;
     QPointer<CEditTrans> m_editor;
     CDVDImageText* m_target = nullptr;
+    QString m_openedText;
+    QString m_shownText;  ///< What the control made of it.
 };
 
 }  // namespace vellora

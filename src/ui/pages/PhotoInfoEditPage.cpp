@@ -15,6 +15,7 @@
 #include "ui/EditSession.h"
 #include "ui/controls/ControlId.h"
 #include "ui/controls/TransparentStatic.h"
+#include "ui/controls/TypedText.h"
 #include "ui/controls/UserPrompts.h"
 #include "ui/pages/InfoTexts.h"
 
@@ -33,14 +34,6 @@ std::int32_t durationOf(std::int32_t stored) {
 
 QString withPlainLineEnds(QString text) {
     return text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
-}
-
-/// The text of an edit control, with its no-break spaces, which `toPlainText` turns into blanks.
-QString typedText(const QPlainTextEdit& edit) {
-    return edit.document()
-        ->toRawText()
-        .replace(QChar::ParagraphSeparator, u'\n')
-        .replace(QChar::LineSeparator, u'\n');
 }
 
 }  // namespace
@@ -98,6 +91,7 @@ void CPhotoInfoEditPage::Load() {
     m_title->setText(hostText(m_photo->title));
     m_title->setCursorPosition(0);
     m_descriptionEdit->setPlainText(withPlainLineEnds(m_loadedDescription));
+    m_shownDescription = typedText(*m_descriptionEdit);
 }
 
 void CPhotoInfoEditPage::Save() {
@@ -112,10 +106,9 @@ void CPhotoInfoEditPage::WriteRecord(_PHOTO_LIST_NODE& photo) const {
     photo.carried = m_carried;
     setHostText(photo.link, m_link);
     setHostText(photo.title, m_title->text());
-    // A description that nobody touched keeps its line ends.
+    // A description that nobody touched keeps its line ends and whatever else the control changes.
     const QString shown = typedText(*m_descriptionEdit);
-    const bool untouched = shown == withPlainLineEnds(m_loadedDescription);
-    setHostText(photo.description, untouched ? m_loadedDescription : shown);
+    setHostText(photo.description, shown == m_shownDescription ? m_loadedDescription : shown);
 }
 
 void CPhotoInfoEditPage::Forget() {

@@ -43,7 +43,9 @@ private:
     QLineEdit* m_title;
     QPlainTextEdit* m_descriptionEdit;
     QString m_link;
-    QString m_loadedDescription;  ///< As in the record, with its own line ends.
+    QString m_loadedDescription;
+    QString m_shownDescription;  ///< What the control made of it.  ///< As in the record, with its
+                                 ///< own line ends.
     std::int32_t m_carried = 0;
     std::int32_t m_firstDuration = 2;
     std::int32_t m_secondDuration = 2;

@@ -118,6 +118,32 @@ TEST_F(TextEditingTest, AnEmptiedTextIsRemoved) {
     EXPECT_EQ(m_albumChanged, 0);
 }
 
+TEST_F(TextEditingTest, ATextOfWhatNoFileCanHoldIsNone) {
+    doubleClick({300, 300});
+    edit()->setPlainText(QString(QChar(1)));
+    key(Qt::Key_Return);
+    EXPECT_TRUE(m_record->GetSprites().IsEmpty());
+    addText({50, 50}, QStringLiteral("Words"));
+    doubleClick({60, 60});
+    edit()->setPlainText(QString(QChar(1)));
+    key(Qt::Key_Return);
+    EXPECT_TRUE(m_record->GetSprites().IsEmpty());
+}
+
+TEST_F(TextEditingTest, ATextThatNobodyTouchedStaysAsItIs) {
+    const QString words = QStringLiteral("10\u00A0km\r\nto go");
+    CDVDImageText* text = addText({50, 50}, words);
+    m_node->changed = 0;
+    doubleClick({60, 60});
+    key(Qt::Key_Return);
+    EXPECT_EQ(text->GetText(), words);
+    EXPECT_EQ(m_node->changed, 0);
+    doubleClick({60, 60});
+    type(QStringLiteral("!"));
+    key(Qt::Key_Return);
+    EXPECT_EQ(text->GetText(), QStringLiteral("10\u00A0km\nto go!"));
+}
+
 TEST_F(TextEditingTest, ThePlaceholderIsTypedOver) {
     m_canvas.AddText();
     doubleClick({60, 60});

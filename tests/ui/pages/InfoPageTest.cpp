@@ -72,6 +72,19 @@ TEST_F(InfoPageTest, TabSwitchNavigationAndCloseWriteTheRecord) {
     EXPECT_EQ(hostText(photo(1).title), QStringLiteral("Second"));
 }
 
+TEST_F(InfoPageTest, ADescriptionThatNobodyTouchedStaysAsItIs) {
+    const QString stored = QStringLiteral("a\u2028b\u00A0c\r\nd\uFDD0e");
+    setHostText(photo(0).description, stored);
+    open();
+    showTab(2);
+    EXPECT_EQ(hostText(photo(0).description), stored);
+    showTab(0);
+    description().moveCursor(QTextCursor::End);
+    QTest::keyClick(&description(), Qt::Key_F);
+    showTab(2);
+    EXPECT_TRUE(hostText(photo(0).description).startsWith(QStringLiteral("a\nb\u00A0c\nd")));
+}
+
 TEST_F(InfoPageTest, CarriesTheOtherValuesThrough) {
     photo(0).first_duration = 0;
     photo(0).second_duration = 7;
