@@ -9,6 +9,7 @@
 #include <vellora/model/DVDImageText.h>
 
 #include "base/StageFit.h"
+#include "host/Guard.h"
 #include "ui/WaitCursor.h"
 
 namespace vellora {
@@ -143,11 +144,16 @@ void EditSession::applyToAll(CDVDImageSprite* sprite) {
     if (!isOpen() || (sprite != nullptr && !holds(sprite))) {
         return;
     }
+    std::vector<CDVDImageSprite*> moved;
+    if (sprite == nullptr) {
+        moved.assign(m_record->GetSprites().begin(), m_record->GetSprites().end());
+    } else if (!sprite->GetAlbumFlag() || m_album->GetSprites().IndexOf(sprite) < 0) {
+        moved.push_back(sprite);
+    }
+    if (moved.empty()) {
+        return;
+    }
     perform(PhotoEdit::Sprites, [&] {
-        std::vector<CDVDImageSprite*> moved{sprite};
-        if (sprite == nullptr) {
-            moved.assign(m_record->GetSprites().begin(), m_record->GetSprites().end());
-        }
         for (CDVDImageSprite* each : moved) {
             // Whatever its flag says: a sprite is in one list only, or it would be deleted twice.
             m_record->RemoveSprite(each, false);
@@ -197,7 +203,12 @@ bool EditSession::commitPicture(const Rect& frame) {
         const WaitCursor wait;
         const Rect placed = placedPhoto();
         const Rect cut = frame.isEmpty() ? Rect{} : frame.translated(-placed.left, -placed.top);
-        committed = m_record->GetProcessor()->Crop(cut.left, cut.top, cut.width(), cut.height());
+        committed =
+            guarded([&] {
+                return m_record->GetProcessor()->Crop(cut.left, cut.top, cut.width(), cut.height())
+                           ? S_OK
+                           : E_FAIL;
+            }) == S_OK;
     });
     return committed;
 }
@@ -205,7 +216,10 @@ bool EditSession::commitPicture(const Rect& frame) {
 void EditSession::restoreOriginal() {
     perform(PhotoEdit::Picture, [this] {
         const WaitCursor wait;
-        m_record->GetProcessor()->RestoreOriginal();
+        guarded([this] {
+            m_record->GetProcessor()->RestoreOriginal();
+            return S_OK;
+        });
     });
 }
 

@@ -36,7 +36,6 @@ STATUS CImageObj::ShowProcessDialog(int index, QObject* hostWindow, unsigned hos
         }
         listed.image->SetBackgroundColor(listed.photo->background);
         SetImageFilePath(hostText(listed.photo->path));
-        listed.image->BindNode(listed.photo, m_album.get());
 
         const std::lock_guard lock(imageBufferLock());
         CImageProcessDialog dialog(*this, index, HostNotifier(hostWindow, hostMessage));

@@ -17,6 +17,7 @@
 #include <vellora/model/DVDImage.h>
 
 #include "base/ImageView.h"
+#include "host/Guard.h"
 #include "ui/EditSession.h"
 #include "ui/WaitCursor.h"
 
@@ -61,10 +62,14 @@ const QImage& CanvasLayers::composed(double ratio) {
         m_ratio = ratio;
     }
     if (m_composed.isNull()) {
-        m_composed = photo();
-        if (m_session.isOpen()) {
-            drawSprites(m_composed);
-        }
+        // Nothing may be thrown through the event loop; what was drawn until then is shown.
+        guarded([this] {
+            m_composed = photo();
+            if (m_session.isOpen()) {
+                drawSprites(m_composed);
+            }
+            return S_OK;
+        });
     }
     return m_composed;
 }
@@ -87,6 +92,10 @@ void CanvasLayers::drawPhoto(QImage& surface) {
         drawMessage(surface);
         return;
     }
+    const Rect placed = m_session.placedPhoto();
+    if (placed.isEmpty()) {
+        return;  // a sliver that has less than a row on the stage
+    }
     const COpencvFilterInterface* filter = record->GetProcessor()->GetCurrentFilter();
     const std::u16string name = filter != nullptr ? filter->GetName() : u"";
     std::optional<WaitCursor> wait;
@@ -99,7 +108,6 @@ void CanvasLayers::drawPhoto(QImage& surface) {
     const QImage picture = filtered(name);
     m_filterTimes[name] = timer.elapsed();
 
-    const Rect placed = m_session.placedPhoto();
     const QRectF target(placed.left * m_ratio, placed.top * m_ratio, placed.width() * m_ratio,
                         placed.height() * m_ratio);
     const QRect place = target.toAlignedRect();

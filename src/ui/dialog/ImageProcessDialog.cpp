@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QScreen>
 #include <QShortcut>
 #include <QStyle>
@@ -17,6 +18,7 @@
 #include <vellora/model/DVDImageSprite.h>
 
 #include "base/ResourceIds.h"
+#include "host/Guard.h"
 #include "ui/EditSession.h"
 #include "ui/WaitCursor.h"
 #include "ui/canvas/PhotoEditShowWnd.h"
@@ -88,6 +90,7 @@ CImageProcessDialog::CImageProcessDialog(CImageObj& document, int index, const H
     fillToolPanel(*m_toolPanel);
     fillTabBar(*m_tabBar);
     m_tabBar->setAccessibleName(windowTitle());
+    auto deletePages = qScopeGuard([this] { DeletePages(); });
     BuildPages(document.GetTextEffectBaseFolder());
     skin::applySkin(*this);
     Connect();
@@ -96,17 +99,22 @@ CImageProcessDialog::CImageProcessDialog(CImageObj& document, int index, const H
     OnTab(m_tabBar->currentIndex());
     FitToContents();
     m_canvas->setFocus();
+    deletePages.dismiss();
 }
 
 CImageProcessDialog::~CImageProcessDialog() {
-    // The pages go first: they still look at the photo.
-    for (CEditPage* page : m_pages) {
-        delete page;
-    }
+    DeletePages();
     if (CDVDImage* record = m_session->record(); record != nullptr) {
         record->GetProcessor()->ReleaseImages();
     }
     m_session->forgetPhoto();
+}
+
+void CImageProcessDialog::DeletePages() {
+    // Before the session, which they still look at.
+    for (CEditPage* page : findChildren<CEditPage*>()) {
+        delete page;
+    }
 }
 
 CDVDImage* CImageProcessDialog::record() const {
@@ -227,8 +235,8 @@ void CImageProcessDialog::paintEvent(QPaintEvent* event) {
     }
     painter.drawImage(mirrored(m_layout.tabHeader(size())), m_tabHeader);
     const int line = m_layout.toolHeader(size()).bottom();
-    painter.fillRect(QRect(5, line, width() - 6, 1), kHeaderLine);
-    painter.fillRect(mirrored({m_layout.page(size()).left() - 1, line, 1, height() - 7 - line}),
+    painter.fillRect(QRect(5, line, width() - 5, 1), kHeaderLine);
+    painter.fillRect(mirrored({m_layout.page(size()).left(), line, 1, height() - 6 - line}),
                      kHeaderLine);
     const QRect mat =
         m_canvas->geometry().adjusted(-kCanvasMat, -kCanvasMat, kCanvasMat, kCanvasMat);
@@ -333,11 +341,18 @@ void CImageProcessDialog::OpenPhoto(const ListedPhoto& listed) {
         m_infoPage->Save();
         previous->GetProcessor()->ReleaseImages();
     }
+    // An inserted node is not bound to the album.
+    listed.image->BindNode(listed.photo, m_document.GetAlbum());
     listed.image->SetBackgroundColor(listed.photo->background);
     SetFrameColor(listed.photo->background);
     // A picture that was built for an output may be there, at another size.
     listed.image->GetProcessor()->ReleaseImages();
-    listed.image->GetProcessor()->Rebuild(true);
+    // Without memory for it the photo is shown as one that cannot be read: nothing may be thrown
+    // through the event loop.
+    guarded([&listed] {
+        listed.image->GetProcessor()->Rebuild(true);
+        return S_OK;
+    });
     m_session->setPhoto(listed.image, m_document.GetAlbum());
     ShowPhoto();
 }
@@ -352,6 +367,10 @@ void CImageProcessDialog::ShowPhoto() {
 }
 
 void CImageProcessDialog::FindIndexAgain() {
+    // A photo may stand in the list more than once.
+    if (photoAt(m_document, m_index).image == m_session->record()) {
+        return;
+    }
     const int found = indexOfRecord(m_document, m_session->record());
     if (found >= 0) {
         m_index = found;

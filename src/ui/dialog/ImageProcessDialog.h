@@ -67,6 +67,7 @@ private:
 
     void BuildTemplateControls();
     void BuildPages(const QString& baseFolder);
+    void DeletePages();
     void Connect();
     void FitToContents();
     void OrderTabs();

@@ -192,7 +192,10 @@ void CVUDFrame::mouseReleaseEvent(QMouseEvent* /*event*/) {
 }
 
 void CVUDFrame::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->position().y() < kMoveZone) {
+    const QPoint point = event->position().toPoint();
+    const bool isInMoveZone =
+        m_maximized ? point.y() < kMoveZone : frameZoneAt(point, size()) == kZoneMove;
+    if (event->button() == Qt::LeftButton && isInMoveZone) {
         m_dragging = false;
         SystemCommand(m_maximized ? kSystemRestore : kSystemMaximize);
     }

@@ -3,6 +3,7 @@
 #include <QTest>
 
 #include <vellora/filters/PhotoProcessor.h>
+#include <vellora/model/DVDAlbumImage.h>
 #include <vellora/model/DVDImage.h>
 #include <vellora/model/DVDImageProps.h>
 #include <vellora/model/DVDImageText.h>
@@ -182,6 +183,16 @@ TEST_F(ImageProcessDialogTest, AlbumChangesMarkEveryPhoto) {
     EXPECT_EQ(photo(2).changed, 0);
     canvas().Command(33927);
     EXPECT_EQ(photo(2).changed, 1);
+    // It is there already, and without a selection there is nothing to share.
+    photo(0).changed = photo(2).changed = 0;
+    canvas().Command(33927);
+    open(1);
+    photo(1).changed = 0;
+    canvas().Command(33927);
+    EXPECT_EQ(photo(0).changed, 0);
+    EXPECT_EQ(photo(1).changed, 0);
+    EXPECT_EQ(photo(2).changed, 0);
+    EXPECT_EQ(document.GetAlbum()->GetSprites().GetSize(), 1);
 }
 
 TEST_F(ImageProcessDialogTest, ABrokenPhotoIsHarmless) {
@@ -199,6 +210,60 @@ TEST_F(ImageProcessDialogTest, ABrokenPhotoIsHarmless) {
     control<QPushButton>(3045).click();
     EXPECT_TRUE(dialog().isVisible());
     EXPECT_EQ(image(0).GetProcessor()->GetFilterCount(), 0);
+}
+
+TEST_F(ImageProcessDialogTest, APhotoWithoutMemoryForItsPictureIsHarmless) {
+    class NoMemory : public COpencvFilterInterface {
+    public:
+        bool Apply(IplImage** /*image*/) override { throw std::bad_alloc(); }
+        [[nodiscard]] COpencvFilterInterface* Clone() const override { return nullptr; }
+        [[nodiscard]] const char16_t* GetName() const override { return u"No Memory"; }
+    };
+    image(1).GetProcessor()->AddFilterToChain(new NoMemory);
+    open();
+    clickTool(ToolCommand::Next);
+    EXPECT_EQ(dialog().GetCurrentIndex(), 1);
+    EXPECT_EQ(image(1).GetProcessor()->GetWorking(), nullptr);
+    canvas().grab();
+    clickTool(ToolCommand::Next);
+    ASSERT_NE(image(2).GetProcessor()->GetWorking(), nullptr);
+    NoMemory current;
+    image(2).GetProcessor()->SetCurrentFilter(&current);
+    canvas().Redraw();
+    canvas().grab();
+    showTab(6);
+    control<QPushButton>(3025).click();
+    image(2).GetProcessor()->SetCurrentFilter(nullptr);
+    open(1);
+    EXPECT_TRUE(dialog().isVisible());
+}
+
+TEST_F(ImageProcessDialogTest, APhotoMayStandInTheListTwice) {
+    ASSERT_EQ(document.InsertNode(nullptr, DupHandle(m_handles[0]), 1, nullptr), S_OK);
+    open();
+    for (const int index : {1, 2, 3, 3}) {
+        clickTool(ToolCommand::Next);
+        EXPECT_EQ(dialog().GetCurrentIndex(), index);
+    }
+    EXPECT_EQ(posted(), (Indices{0, 1, 2}));
+    open(1);
+    clickTool(ToolCommand::FlipX);
+    EXPECT_EQ(posted(), Indices{1});
+    ReleaseNode(m_handles[0]);
+}
+
+// Inserting a node binds it to nothing; what the canvas shows is what is rendered.
+TEST_F(ImageProcessDialogTest, APhotoThatIsShownIsBoundToTheAlbum) {
+    CImageObj other;
+    ASSERT_EQ(other.InsertNode(nullptr, m_handles[1], 0, nullptr), S_OK);
+    ASSERT_EQ(document.RemoveAt(1), S_OK);
+    ASSERT_EQ(document.AddNode(m_handles[1]), S_OK);
+    image(1).BindNode(&photo(1), other.GetAlbum());
+    open(0);
+    clickTool(ToolCommand::Next);
+    clickTool(ToolCommand::Next);
+    EXPECT_EQ(image(1).GetAlbum(), document.GetAlbum());
+    close();
 }
 
 TEST_F(ImageProcessDialogTest, SurvivesChangesOfTheListByTheHost) {
@@ -224,9 +289,23 @@ TEST_F(ImageProcessDialogTest, SurvivesChangesOfTheListByTheHost) {
     EXPECT_FALSE(dialog().isVisible());
 }
 
+TEST_F(ImageProcessDialogTest, LinesEndTheHeaders) {
+    open();
+    const QImage frame = dialog().grab().toImage();
+    constexpr QColor kLine(0xCC, 0xCC, 0xCC);
+    EXPECT_EQ(frame.pixelColor(5, 71), kLine);
+    EXPECT_EQ(frame.pixelColor(frame.width() - 1, 71), kLine);
+    EXPECT_EQ(frame.pixelColor(632, 90), kLine);
+    EXPECT_NE(frame.pixelColor(4, 71), kLine);
+    EXPECT_NE(frame.pixelColor(631, 90), kLine);
+}
+
 TEST_F(ImageProcessDialogTest, SystemButtonsAndTitleZoneMaximise) {
     open();
     const QRect before = dialog().geometry();
+    QTest::mouseDClick(&dialog(), Qt::LeftButton, {}, {300, 2});
+    QTest::mouseDClick(&dialog(), Qt::RightButton, {}, {300, 10});
+    EXPECT_FALSE(dialog().IsMaximized());
     QTest::mouseDClick(&dialog(), Qt::LeftButton, {}, {300, 10});
     EXPECT_TRUE(dialog().IsMaximized());
     EXPECT_TRUE(dialog().findChild<QWidget*>(QStringLiteral("SysBar2"))->isVisible());
