@@ -149,7 +149,6 @@ ProjectReport CheckProject(const QString& path, const QString& baseFolder) {
     if (!readXmlFile(path, bytes, error)) {
         return unreadable(error);
     }
-    bytes = asUtf8(bytes);
     CXMLParse reader;
     if (reader.OpenText(bytes) == 0) {
         return unreadable(reader.Error());
@@ -160,7 +159,7 @@ ProjectReport CheckProject(const QString& path, const QString& baseFolder) {
     }
     Findings findings;
     checkRoot(root, baseFolder, findings);
-    return {true, findings.placedIn(bytes)};
+    return {true, findings.placedIn(asParsed(std::move(bytes)))};
 }
 
 }  // namespace vellora

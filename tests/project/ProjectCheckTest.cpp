@@ -1,5 +1,6 @@
 #include <QFile>
 #include <QImage>
+#include <QStringEncoder>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -93,6 +94,21 @@ TEST_F(ProjectCheckTest, NamesEachFaultWithItsPlace) {
         "14:3 unknown element Extra\n"
         "16:2 id 0 comes twice\n");
     EXPECT_TRUE(m_readable);
+}
+
+TEST_F(ProjectCheckTest, TellsPlacesInAnyEncodingAndWithAnyLineEnds) {
+    for (
+        const QString& document :
+        {u"<ZEV_Photo_Info>\n\u00E4\n<Album_Data sprite_count='0'/>\u00E4<X/></ZEV_Photo_Info>"_qs,
+         u"<ZEV_Photo_Info>\r\n\u00E4\r\n<Album_Data sprite_count='0'/>\u00E4<X/></ZEV_Photo_Info>"_qs}) {
+        for (const auto encoding : {QStringConverter::Utf8, QStringConverter::Utf16BE}) {
+            for (const auto mark :
+                 {QStringConverter::Flag::Default, QStringConverter::Flag::WriteBom}) {
+                EXPECT_EQ(found(QStringEncoder(encoding, mark)(document)),
+                          "3:32 unknown element X\n");
+            }
+        }
+    }
 }
 
 TEST_F(ProjectCheckTest, LooksIntoTexts) {
