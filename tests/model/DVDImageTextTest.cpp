@@ -414,6 +414,9 @@ TEST_F(TextXmlTest, EveryStyleComesBack) {
         const auto back = loaded(saved(text));
         TextStyle expected = style;
         expected.effect.shadow_order = 0;  // has no place in project files
+        if (style.effect.face.type != kSolidBrush) {
+            expected.effect.face.colour = 0xFFFFFF;  // of a new text, as the file does not say
+        }
         EXPECT_EQ(back->GetStyle(), expected) << entry.name.toStdString();
         EXPECT_EQ(back->GetPosition(), QPoint(number, -number));
     }
@@ -437,7 +440,52 @@ TEST_F(TextXmlTest, ReadsForeignFiles) {
     EXPECT_EQ(style.effect.font_size, 50);
     EXPECT_EQ(style.effect.halo_size, -2);
     EXPECT_EQ(style.effect.halo_brush, TextBrushSettings::Solid(0x0000FF));
-    EXPECT_EQ(style.effect.face, TextBrushSettings());
+    EXPECT_EQ(style.effect.face, TextBrushSettings::Solid(0xFFFFFF));
+}
+
+TEST_F(TextXmlTest, WhatAnEffectLacksStaysAsInANewText) {
+    const auto effect = [](const QString& face) {
+        return loaded("<text>x<text_effect font_name='A' font_size='9'>" + face +
+                      "</text_effect></text>")
+            ->GetStyle()
+            .effect;
+    };
+    TextEffectRecord expected = TextStyle::PlainEffect();
+    expected.SetFontName("A");
+    expected.font_size = 9;
+    for (const char* face :
+         {"", "<face/>", "<face><color color1='0xff0000'/></face>", "<face style='solid'/>",
+          "<face style='solid'><color/></face>", "<face style='wavy'/>",
+          "<face style='solid'><color color1='red'/></face>"}) {
+        EXPECT_EQ(effect(face), expected) << face;
+    }
+    expected.face.type = kGradientBrush;
+    EXPECT_EQ(effect("<face style='gradient'/>"), expected);
+    expected.face.colour2 = 0x0000FF;
+    EXPECT_EQ(effect("<face style='gradient'><color color2='0xff0000'/></face>"), expected);
+}
+
+TEST_F(TextXmlTest, ReadingIntoATextChangesWhatTheFileHolds) {
+    TextStyle style;
+    style.effect.bold = style.effect.shadow = style.effect.shadow_order = 1;
+    style.effect.shadow_offset = 7;
+    style.effect.face.type = kGradientBrush;
+    style.effect.face.colour1 = 0x112233;
+    style.effect.face.position_percent = 40;
+    text.SetStyle(style);
+    CXMLParse reader;
+    ASSERT_EQ(reader.OpenText("<text><text_effect font_name='Arial' font_size='24' bold='false'>"
+                              "<face style='gradient'><color color2='0xff0000' angle='5'/></face>"
+                              "<shadow angle='90'/></text_effect></text>"),
+              1);
+    ASSERT_EQ(text.Load(reader, "text"), 1);
+    TextEffectRecord expected = style.effect;
+    expected.bold = 0;
+    expected.face.colour2 = 0x0000FF;
+    expected.face.angle = 5;
+    expected.face.position_percent = 0;  // left out only where it is 0
+    expected.shadow_angle = 90;
+    EXPECT_EQ(text.GetStyle().effect, expected);
 }
 
 TEST_F(TextXmlTest, AnUnreadableEffectIsMadeFromTheStyle) {
