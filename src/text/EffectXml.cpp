@@ -7,8 +7,8 @@ namespace vellora {
 namespace {
 
 void readFlag(const XmlNode& element, const char* name, std::int32_t& flag) {
-    if (QString text; element.GetAttribute(name, text) == kXmlFound) {
-        flag = element.AttributeIs(name, "true") ? 1 : 0;
+    if (const char* text = element.RawAttribute(name); *text != '\0') {
+        flag = qstricmp(text, "true") == 0 ? 1 : 0;
     }
 }
 
@@ -36,9 +36,8 @@ void readBrush(const XmlNode& layer, TextBrushSettings& brush) {
 void readShadow(const XmlNode& layer, TextEffectRecord& effect) {
     layer.GetIntAttribute("offset", effect.shadow_offset);
     layer.GetIntAttribute("angle", effect.shadow_angle);
-    if (QString order; layer.GetAttribute("order", order) == kXmlFound) {
-        const bool isOnTop =
-            layer.AttributeIs("order", "onHalo") || layer.AttributeIs("order", "onEmboss");
+    if (const char* order = layer.RawAttribute("order"); *order != '\0') {
+        const bool isOnTop = qstricmp(order, "onHalo") == 0 || qstricmp(order, "onEmboss") == 0;
         effect.shadow_order = isOnTop ? 1 : 0;
     }
     readBrush(layer, effect.shadow_brush);
