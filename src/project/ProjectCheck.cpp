@@ -1,6 +1,7 @@
 #include <QSet>
 #include <array>
 #include <memory>
+#include <vector>
 
 #include <vellora/filters/FilterCatalogue.h>
 #include <vellora/project/ProjectCheck.h>
@@ -72,38 +73,49 @@ void checkCrop(const XmlNode& node, const QString& /*baseFolder*/, Findings& fin
     checkChildNames(node, {}, findings);
 }
 
-/// Checks the numbered children of one name against their count.
-void checkParts(const XmlNode& parent, const char* name, const char* countName,
+/// Why a reader leaves an element of this id out; empty where it does not.
+QString whyNotRead(std::int32_t id, std::int32_t count, const char* countName,
+                   const QSet<std::int32_t>& seen) {
+    if (id < 0) {
+        return QStringLiteral("id is missing or no number, the element is not read");
+    }
+    if (id >= count) {
+        return QStringLiteral("id %1 is not below %2 %3, the element is not read")
+            .arg(id)
+            .arg(QLatin1StringView(countName))
+            .arg(count);
+    }
+    return seen.contains(id) ? QStringLiteral("id %1 comes twice, the element is not read").arg(id)
+                             : QString();
+}
+
+/// Checks the numbered children of one name against the count of the first parent.
+void checkParts(const std::vector<XmlNode>& parents, const char* name, const char* countName,
                 const QString& baseFolder, PartCheck check, Findings& findings) {
+    const XmlNode& first = parents.front();
     std::int32_t count = 0;
-    if (checkNumber(parent, countName, findings)) {
-        parent.GetIntAttribute(countName, count);
+    if (checkNumber(first, countName, findings)) {
+        first.GetIntAttribute(countName, count);
     }
     QSet<std::int32_t> seen;
-    for (XmlNode node = parent.Child(name); node && !findings.isFull();
-         node = node.NextSibling(name)) {
-        const std::int32_t id = node.Id();
-        if (id < 0) {
-            findings.add(node,
-                         QStringLiteral("id is missing or no number, the element is not read"));
-        } else if (id >= count) {
-            findings.add(node, QStringLiteral("id %1 is not below %2 %3, the element is not read")
-                                   .arg(id)
-                                   .arg(QLatin1StringView(countName))
-                                   .arg(count));
-        } else if (seen.contains(id)) {
-            findings.add(node,
-                         QStringLiteral("id %1 comes twice, the element is not read").arg(id));
-        } else {
-            seen.insert(id);
-            check(node, baseFolder, findings);
+    for (const XmlNode& parent : parents) {
+        for (XmlNode node = parent.Child(name); node && !findings.isFull();
+             node = node.NextSibling(name)) {
+            const std::int32_t id = node.Id();
+            const QString reason = whyNotRead(id, count, countName, seen);
+            if (reason.isEmpty()) {
+                seen.insert(id);
+                check(node, baseFolder, findings);
+            } else {
+                findings.add(node, reason);
+            }
         }
     }
     if (count > seen.size()) {
-        findings.add(parent, QStringLiteral("%1 is %2, but %3 are there")
-                                 .arg(QLatin1StringView(countName))
-                                 .arg(count)
-                                 .arg(seen.size()));
+        findings.add(first, QStringLiteral("%1 is %2, but %3 are there")
+                                .arg(QLatin1StringView(countName))
+                                .arg(count)
+                                .arg(seen.size()));
     }
 }
 
@@ -117,19 +129,32 @@ void checkPhoto(const XmlNode& node, QSet<std::int32_t>& seen, const QString& ba
     }
     seen.insert(id);
     checkChildNames(node, {"File_Name", "Sprite_Data", "Filter_Data", "Crop_Data"}, findings);
-    checkParts(node, "Sprite_Data", "sprite_count", baseFolder, checkSprite, findings);
-    checkParts(node, "Filter_Data", "filter_count", baseFolder, checkFilter, findings);
-    checkParts(node, "Crop_Data", "crop_count", baseFolder, checkCrop, findings);
+    checkParts({node}, "Sprite_Data", "sprite_count", baseFolder, checkSprite, findings);
+    checkParts({node}, "Filter_Data", "filter_count", baseFolder, checkFilter, findings);
+    checkParts({node}, "Crop_Data", "crop_count", baseFolder, checkCrop, findings);
+}
+
+/// A reader takes the sprites of all album elements for those of one album.
+void checkAlbums(const XmlNode& root, const QString& baseFolder, Findings& findings) {
+    std::vector<XmlNode> albums;
+    for (XmlNode album = root.Child("Album_Data"); album && !findings.isFull();
+         album = album.NextSibling("Album_Data")) {
+        if (!albums.empty()) {
+            findings.add(album, QStringLiteral("Album_Data comes twice"));
+        }
+        checkChildNames(album, {"Sprite_Data"}, findings);
+        albums.push_back(album);
+    }
+    if (albums.empty()) {
+        findings.add(root, QStringLiteral("Album_Data is missing"));
+        return;
+    }
+    checkParts(albums, "Sprite_Data", "sprite_count", baseFolder, checkSprite, findings);
 }
 
 void checkRoot(const XmlNode& root, const QString& baseFolder, Findings& findings) {
     checkChildNames(root, {"Album_Data", "Image_Data"}, findings);
-    if (const XmlNode album = root.Child("Album_Data")) {
-        checkChildNames(album, {"Sprite_Data"}, findings);
-        checkParts(album, "Sprite_Data", "sprite_count", baseFolder, checkSprite, findings);
-    } else {
-        findings.add(root, QStringLiteral("Album_Data is missing"));
-    }
+    checkAlbums(root, baseFolder, findings);
     QSet<std::int32_t> seen;
     for (XmlNode photo = root.Child("Image_Data"); photo && !findings.isFull();
          photo = photo.NextSibling("Image_Data")) {
@@ -149,7 +174,6 @@ ProjectReport CheckProject(const QString& path, const QString& baseFolder) {
     if (!readXmlFile(path, bytes, error)) {
         return unreadable(error);
     }
-    bytes = asUtf8(bytes);
     CXMLParse reader;
     if (reader.OpenText(bytes) == 0) {
         return unreadable(reader.Error());
@@ -160,7 +184,7 @@ ProjectReport CheckProject(const QString& path, const QString& baseFolder) {
     }
     Findings findings;
     checkRoot(root, baseFolder, findings);
-    return {true, findings.placedIn(bytes)};
+    return {true, findings.placedIn(asParsed(std::move(bytes)))};
 }
 
 }  // namespace vellora

@@ -1,10 +1,11 @@
 #include "project/SpriteCheck.h"
 
 #include <QFileInfo>
-#include <QImageReader>
 
 #include <vellora/model/DVDImageProps.h>
 #include <vellora/text/EffectCatalogue.h>
+
+#include "text/TextureCache.h"
 
 namespace vellora {
 namespace {
@@ -41,29 +42,32 @@ void checkTexture(const XmlNode& layer, const QString& baseFolder, Findings& fin
         findings.add(layer, QStringLiteral("names no texture"));
         return;
     }
-    const QString path = TextureFolder(baseFolder) + u'/' + name;
-    if (name.contains(u'/') || name.contains(u'\\') || name == u"..") {
-        findings.add(file,
-                     QStringLiteral("texture %1 lies outside the folder of textures").arg(name));
+    const QString path = texturePath(TextureFolder(baseFolder), name);
+    if (path.isEmpty()) {
+        findings.add(file, QStringLiteral("texture %1 is no plain file name").arg(name));
     } else if (!QFileInfo(path).isFile()) {
         findings.add(file, QStringLiteral("texture %1 is missing").arg(path));
-    } else if (!QImageReader(path).size().isValid()) {
-        findings.add(file, QStringLiteral("texture %1 is no picture").arg(path));
+    } else if (textureBrush(path, 1.0).style() == Qt::NoBrush) {
+        findings.add(file, QStringLiteral("texture %1 cannot be painted").arg(path));
     }
 }
 
 void checkBrush(const XmlNode& layer, const QString& baseFolder, Findings& findings) {
     const QString style = layer.Attribute("style");
-    const XmlNode colour = layer.Child("color");
+    const XmlNode child = layer.Child("color");
+    const XmlNode& colour = child ? child : layer;
     checkChildNames(layer, {"color", "file"}, findings);
     if (equals(style, "texture")) {
         checkTexture(layer, baseFolder, findings);
     } else if (equals(style, "solid")) {
-        checkHexNumber(colour ? colour : layer, "color1", findings);
+        checkHexNumber(colour, "color1", findings);
     } else if (equals(style, "gradient")) {
-        checkHexNumber(colour ? colour : layer, "color1", findings);
-        checkHexNumber(colour ? colour : layer, "color2", findings);
-        checkNumber(colour ? colour : layer, "angle", findings);
+        checkHexNumber(colour, "color1", findings);
+        checkHexNumber(colour, "color2", findings);
+        checkNumber(colour, "angle", findings);
+        if (QString text; colour.GetAttribute("grad_pos_percent", text) == kXmlFound) {
+            checkNumber(colour, "grad_pos_percent", findings);
+        }
     } else {
         findings.add(layer, QStringLiteral("unknown brush style \"%1\"").arg(style.left(40)));
     }

@@ -8,6 +8,7 @@
 
 #include "base/FileCache.h"
 #include "text/EffectXml.h"
+#include "text/TextureCache.h"
 #include "xml/XMLParse.h"
 
 namespace vellora {
@@ -62,7 +63,10 @@ QString TextureFolder(const QString& baseFolder) {
 }
 
 QStringList ListTextures(const QString& baseFolder) {
-    return QDir(TextureFolder(baseFolder)).entryList(QDir::Files, QDir::Name);
+    const QString folder = TextureFolder(baseFolder);
+    QStringList names = QDir(folder).entryList(QDir::Files, QDir::Name);
+    names.removeIf([&](const QString& name) { return texturePath(folder, name).isEmpty(); });
+    return names;
 }
 
 QImage PreviewTextEffect(const QString& baseFolder, const TextEffectRecord& effect, QSize size,

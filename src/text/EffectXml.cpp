@@ -6,59 +6,64 @@
 namespace vellora {
 namespace {
 
-std::int32_t readFlag(const XmlNode& element, const char* name) {
-    return element.AttributeIs(name, "true") ? 1 : 0;
+void readFlag(const XmlNode& element, const char* name, std::int32_t& flag) {
+    if (const char* text = element.RawAttribute(name); *text != '\0') {
+        flag = qstricmp(text, "true") == 0 ? 1 : 0;
+    }
 }
 
-TextBrushSettings readBrush(const XmlNode& layer) {
-    TextBrushSettings brush;
+void readBrush(const XmlNode& layer, TextBrushSettings& brush) {
     const char* style = layer.RawAttribute("style");
     const XmlNode color = layer.Child("color");
     if (qstricmp(style, "gradient") == 0) {
         brush.type = kGradientBrush;
+        brush.position_percent = 0;  // written only when it is above
         color.GetColorAttribute("color1", brush.colour1);
         color.GetColorAttribute("color2", brush.colour2);
         color.GetIntAttribute("angle", brush.angle);
         color.GetIntAttribute("grad_pos_percent", brush.position_percent);
     } else if (qstricmp(style, "solid") == 0) {
+        brush.type = kSolidBrush;
         color.GetColorAttribute("color1", brush.colour);
     } else if (qstricmp(style, "texture") == 0) {
         brush.type = kTextureBrush;
-        brush.SetTextureName(layer.Child("file").Attribute("name"));
+        if (QString name; layer.Child("file").GetAttribute("name", name) == kXmlFound) {
+            brush.SetTextureName(name);
+        }
     }
-    return brush;
 }
 
 void readShadow(const XmlNode& layer, TextEffectRecord& effect) {
     layer.GetIntAttribute("offset", effect.shadow_offset);
     layer.GetIntAttribute("angle", effect.shadow_angle);
-    const bool isOnTop =
-        layer.AttributeIs("order", "onHalo") || layer.AttributeIs("order", "onEmboss");
-    effect.shadow_order = isOnTop ? 1 : 0;
-    effect.shadow_brush = readBrush(layer);
+    if (const char* order = layer.RawAttribute("order"); *order != '\0') {
+        const bool isOnTop = qstricmp(order, "onHalo") == 0 || qstricmp(order, "onEmboss") == 0;
+        effect.shadow_order = isOnTop ? 1 : 0;
+    }
+    readBrush(layer, effect.shadow_brush);
 }
 
 void readLayers(const XmlNode& element, TextEffectRecord& effect) {
-    effect.face = readBrush(element.Child("face"));
+    readBrush(element.Child("face"), effect.face);
     if (effect.shadow != 0) {
         readShadow(element.Child("shadow"), effect);
     }
     if (effect.border != 0) {
         const XmlNode layer = element.Child("border");
         layer.GetIntAttribute("size", effect.border_size);
-        effect.border_brush = readBrush(layer);
+        readBrush(layer, effect.border_brush);
     }
     if (effect.halo != 0) {
         const XmlNode layer = element.Child("halo");
         layer.GetIntAttribute("size", effect.halo_size);
         layer.GetIntAttribute("blur", effect.halo_blur);
-        effect.halo_brush = readBrush(layer);
+        readBrush(layer, effect.halo_brush);
     }
     if (effect.emboss != 0) {
         const XmlNode layer = element.Child("emboss");
         layer.GetIntAttribute("size", effect.emboss_size);
         layer.GetIntAttribute("angle", effect.emboss_angle);
-        effect.emboss_brush = readBrush(layer);
+        readBrush(layer, effect.emboss_brush);
     }
 }
 
@@ -110,19 +115,19 @@ void writeLayer(int depth, QStringView name, std::initializer_list<OwnAttribute>
 
 bool readTextEffect(const XmlNode& element, TextEffectRecord& effect) {
     QString fontName;
-    TextEffectRecord result;
+    TextEffectRecord result = effect;
     if (element.GetAttribute("font_name", fontName) != kXmlFound ||
         element.GetIntAttribute("font_size", result.font_size) != kXmlFound) {
         return false;
     }
     result.SetFontName(fontName);
-    result.bold = readFlag(element, "bold");
-    result.italic = readFlag(element, "italic");
-    result.underline = readFlag(element, "underline");
-    result.shadow = readFlag(element, "shadow");
-    result.border = readFlag(element, "border");
-    result.halo = readFlag(element, "halo");
-    result.emboss = readFlag(element, "emboss");
+    readFlag(element, "bold", result.bold);
+    readFlag(element, "italic", result.italic);
+    readFlag(element, "underline", result.underline);
+    readFlag(element, "shadow", result.shadow);
+    readFlag(element, "border", result.border);
+    readFlag(element, "halo", result.halo);
+    readFlag(element, "emboss", result.emboss);
     readLayers(element, result);
     effect = result;
     return true;

@@ -7,7 +7,7 @@ namespace vellora {
 class XmlNode;
 
 /// Reads an effect record from its element, of a text sprite or of the catalogue. Only the layers
-/// whose flag is on are read; what is missing is zero.
+/// whose flag is on are read; what is missing stays as it is in the record.
 /// @return False, and the record is as it was, without the font's name or size.
 bool readTextEffect(const XmlNode& element, TextEffectRecord& effect);
 

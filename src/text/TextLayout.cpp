@@ -36,6 +36,45 @@ QTextOption optionFor(double em) {
     return option;
 }
 
+/// The shapes of a font's glyphs, each looked up once. Their origin is (0, 0).
+class GlyphShapes {
+public:
+    GlyphShapes(const QRawFont& font, double em) : m_font(font), m_em(em) {}
+
+    bool mayTouch(const QRectF& area, quint32 glyph) {
+        // Hardly any glyph reaches farther from its origin, marks and swashes included.
+        const double usual = 2.5 * m_em;
+        return area.adjusted(-usual, -usual, usual, usual).contains(QPointF()) ||
+               area.intersects(Room(glyph));
+    }
+
+    const QPainterPath& outline(quint32 glyph) {
+        auto found = m_outlines.find(glyph);
+        if (found == m_outlines.end()) {
+            found = m_outlines.insert(glyph, turnedClockwise(m_font.pathForGlyph(glyph)));
+        }
+        return *found;
+    }
+
+private:
+    /// More than the glyph covers. A font that is slanted for want of an italic one tells the boxes
+    /// of its upright glyphs.
+    const QRectF& Room(quint32 glyph) {
+        auto found = m_rooms.find(glyph);
+        if (found == m_rooms.end()) {
+            const QRectF box = m_font.boundingRect(glyph);
+            const double lean = box.height() / 2;
+            found = m_rooms.insert(glyph, box.adjusted(-m_em - lean, -m_em, m_em + lean, m_em));
+        }
+        return *found;
+    }
+
+    QRawFont m_font;
+    double m_em;
+    QHash<quint32, QPainterPath> m_outlines;
+    QHash<quint32, QRectF> m_rooms;
+};
+
 }  // namespace
 
 TextLayout::TextLayout(const QFont& font, const QString& text, std::int32_t align)
@@ -103,27 +142,17 @@ void TextLayout::AlignLines(std::int32_t align) {
 }
 
 QPainterPath TextLayout::outline(const QRectF& area) const {
-    // Glyphs reach no further than this from their origin, marks and swashes included.
-    const double reach = 2.5 * m_em;
-    const QRectF origins = area.adjusted(-reach, -reach, reach, reach);
     QPainterPath path;
     path.setFillRule(Qt::WindingFill);
     for (const Run& run : m_runs) {
-        const QRawFont font = run.glyphs.rawFont();
+        GlyphShapes shapes(run.glyphs.rawFont(), m_em);
         const QList<quint32> indexes = run.glyphs.glyphIndexes();
         const QList<QPointF> positions = run.glyphs.positions();
-        QHash<quint32, QPainterPath> outlines;
         for (qsizetype i = 0; i < indexes.size(); ++i) {
             const QPointF position = positions[i] + run.offset;
-            if (!origins.contains(position)) {
-                continue;
+            if (shapes.mayTouch(area.translated(-position), indexes[i])) {
+                path.addPath(shapes.outline(indexes[i]).translated(position));
             }
-            auto outline = outlines.find(indexes[i]);
-            if (outline == outlines.end()) {
-                outline =
-                    outlines.insert(indexes[i], turnedClockwise(font.pathForGlyph(indexes[i])));
-            }
-            path.addPath(outline->translated(position));
         }
     }
     for (const QRectF& rule : m_rules) {

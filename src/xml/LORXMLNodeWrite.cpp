@@ -19,9 +19,20 @@ struct Document {
     int liveWriters = 0;
     qint64 tagsBegun = 0;
     qint64 tagsCompleted = 0;
+    bool failed = false;  // a part is missing, for want of memory
 };
 
 Document g_document;
+
+/// Adds a part to the document, or marks it as one that must not be written.
+void build(const auto& part) {
+    try {
+        part();
+    } catch (...) {
+        g_document.failed = true;
+        throw;
+    }
+}
 
 void indent(int depth) {
     g_document.buffer.append(static_cast<std::size_t>(depth) * kIndent, ' ');
@@ -78,6 +89,7 @@ int BeginXMLDocument() {
     g_document.buffer.clear();
     g_document.tagsBegun = 0;
     g_document.tagsCompleted = 0;
+    g_document.failed = false;
     return 1;
 }
 
@@ -95,7 +107,7 @@ void SetXMLTarget(SafeFile* target) {
 
 int WriteXMLBuffer() {
     const std::string text = std::exchange(g_document.buffer, {});
-    if (g_document.target == nullptr) {
+    if (g_document.target == nullptr || g_document.failed) {
         return 0;
     }
     const auto bytes = QByteArray::fromRawData(text.data(), static_cast<qsizetype>(text.size()));
@@ -104,16 +116,21 @@ int WriteXMLBuffer() {
 
 CLORXMLNodeWrite::CLORXMLNodeWrite(int depth, QStringView name, bool textMode)
     : m_depth(depth), m_textMode(textMode) {
-    appendUtf8(m_name, name);
-    ++g_document.liveWriters;
-    indent(m_depth);
-    g_document.buffer += '<';
-    g_document.buffer += m_name;
+    build([&] {
+        appendUtf8(m_name, name);
+        indent(m_depth);
+        g_document.buffer += '<';
+        g_document.buffer += m_name;
+    });
     ++g_document.tagsBegun;
+    ++g_document.liveWriters;
 }
 
 CLORXMLNodeWrite::~CLORXMLNodeWrite() {
-    Close();
+    try {
+        Close();
+    } catch (...) {  // WriteXMLBuffer tells
+    }
 }
 
 void CLORXMLNodeWrite::BeginAttribute(QStringView name) {
@@ -164,14 +181,17 @@ void CLORXMLNodeWrite::SetText(QStringView text) {
 }
 
 void CLORXMLNodeWrite::Flush() {
-    g_document.buffer += m_attributes;
+    build([&] {
+        g_document.buffer += m_attributes;
+        if (!m_text.empty()) {
+            g_document.buffer += '>';
+            g_document.buffer += m_text;
+        } else if (!m_textMode) {
+            g_document.buffer += ">\n";
+        }
+    });
     m_attributes.clear();
-    if (!m_text.empty()) {
-        g_document.buffer += '>';
-        g_document.buffer += m_text;
-        ++g_document.tagsCompleted;
-    } else if (!m_textMode) {
-        g_document.buffer += ">\n";
+    if (!m_text.empty() || !m_textMode) {
         ++g_document.tagsCompleted;
     }
 }
@@ -180,6 +200,12 @@ void CLORXMLNodeWrite::Close() {
     if (m_closed) {
         return;
     }
+    m_closed = true;
+    --g_document.liveWriters;
+    build([&] { WriteEnd(); });
+}
+
+void CLORXMLNodeWrite::WriteEnd() const {
     if (g_document.tagsBegun == g_document.tagsCompleted) {
         if (!m_textMode) {
             indent(m_depth);
@@ -193,8 +219,6 @@ void CLORXMLNodeWrite::Close() {
         g_document.buffer += "/>\n";
         ++g_document.tagsCompleted;
     }
-    --g_document.liveWriters;
-    m_closed = true;
 }
 
 }  // namespace vellora

@@ -19,6 +19,8 @@ class SafeFile;
 ///
 /// Values are copied as they are but for the five characters of the markup; line breaks and tabs
 /// stand unescaped, in attributes too, and `CXMLParse` reads them back unchanged.
+///
+/// A document that lacks a tag for want of memory is never written: `WriteXMLBuffer` refuses it.
 
 /// Starts a document: empties the buffer and zeroes the tag counters.
 /// @return 1, or 0 (and nothing changes) while a writer object is alive.
@@ -34,7 +36,7 @@ QString XMLBuffer();
 void SetXMLTarget(SafeFile* target);
 
 /// Writes the buffer, which is UTF-8, to the target and empties it.
-/// @return 1, or 0 when writing failed or no target is set.
+/// @return 1, or 0 when writing failed, no target is set or the document lacks a part.
 int WriteXMLBuffer();
 
 /// One element being written.
@@ -64,10 +66,11 @@ public:
     void Flush();
 
     /// Writes the end tag, or "/>" while the start tag is open. The destructor closes an element
-    /// that is not yet closed.
+    /// that is not yet closed, and never throws.
     void Close();
 
 private:
+    void WriteEnd() const;
     void BeginAttribute(QStringView name);
 
     int m_depth;

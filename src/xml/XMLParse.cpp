@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <exception>
+#include <optional>
 
 #include "xml/Nesting.h"
 
@@ -36,10 +37,13 @@ std::array<char, 32> plainNameOf(const QString& path) {
 }
 
 XmlError errorAt(const QByteArray& document, const pugi::xml_parse_result& result) {
-    // The parser counts the byte order mark, as three bytes in every encoding.
-    const bool hasMark = QStringConverter::encodingForData(document).has_value();
-    const XmlPlace place = XmlPlaces(asUtf8(document)).of(result.offset - (hasMark ? 3 : 0));
+    const XmlPlace place = XmlPlaces(asParsed(document)).of(result.offset);
     return {place.line, place.column, QString::fromLatin1(result.description())};
+}
+
+/// The encoding that the first bytes tell; none for plain UTF-8 and for Latin-1.
+std::optional<QStringConverter::Encoding> encodingOf(const QByteArray& document) {
+    return QStringConverter::encodingForData(document, u'<');
 }
 
 }  // namespace
@@ -67,24 +71,32 @@ bool readXmlFile(const QString& path, QByteArray& bytes, XmlError& error) {
     return true;
 }
 
-QByteArray asUtf8(const QByteArray& document) {
-    const auto encoding = QStringConverter::encodingForData(document, u'<');
-    if (encoding && encoding != QStringConverter::Utf8) {
+QByteArray asParsed(QByteArray document) {
+    constexpr qsizetype kByteOrderMark = 3;
+    const auto encoding = encodingOf(document);
+    if (encoding == QStringConverter::Utf8) {
+        document.remove(0, kByteOrderMark);
+    } else if (encoding) {
         QStringDecoder decode(*encoding);
-        return QString(decode(document)).toUtf8();
+        document = QString(decode(document)).toUtf8();
     }
-    constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
-    return document.startsWith(kByteOrderMark) ? document.sliced(3) : document;
+    const qsizetype lineEnd = document.indexOf('\n');
+    if (lineEnd > 0 && document[lineEnd - 1] == '\r') {
+        document.replace("\r\n", "\n");
+    }
+    return document;
 }
 
 pugi::xml_parse_result CXMLParse::Parse(QByteArray bytes) {
     m_error = {};
     m_context = {};
     m_document.reset();
-    m_bytes = std::move(bytes);
+    // Without this the parser would look for an encoding once more.
+    const auto encoding = encodingOf(bytes) ? pugi::encoding_utf8 : pugi::encoding_auto;
+    m_bytes = asParsed(std::move(bytes));
     m_isSurelyFlat = surelyNestsWithinLimit(m_bytes);
     return m_document.load_buffer_inplace(m_bytes.data(), static_cast<std::size_t>(m_bytes.size()),
-                                          kParseOptions);
+                                          kParseOptions, encoding);
 }
 
 int CXMLParse::Refuse(XmlError error) {
@@ -121,8 +133,7 @@ int CXMLParse::Open(const QString& path) {
 }
 
 int CXMLParse::OpenText(const QByteArray& document) {
-    const QByteArray copy(document.constData(), document.size());
-    if (const pugi::xml_parse_result result = Parse(copy); !result) {
+    if (const pugi::xml_parse_result result = Parse(document); !result) {
         return Refuse(errorAt(document, result));
     }
     return RefuseWhenOdd();

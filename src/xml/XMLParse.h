@@ -26,13 +26,16 @@ struct XmlError {
 /// The bytes of an XML file, or why there are none.
 bool readXmlFile(const QString& path, QByteArray& bytes, XmlError& error);
 
-/// A document in UTF-8 without a byte order mark, as the parser sees it and counts in it.
-QByteArray asUtf8(const QByteArray& document);
+/// A document as the parser sees it and counts in it: in UTF-8 without a byte order mark (Latin-1
+/// stays as it is), and with line feeds where an editor or a version-control system has ended all
+/// lines by CR LF, as the first line tells.
+QByteArray asParsed(QByteArray document);
 
 /// Reads an XML file and answers questions by XPath.
 ///
 /// UTF-8, UTF-16, UTF-32 and Latin-1 documents are read. Values keep their line breaks, tabs and
-/// blanks as they stand in the file. No entity but the five of the markup and character references
+/// blanks as they stand in the file, but for a file whose first line ends in CR LF: there each
+/// CR LF is a line feed. No entity but the five of the markup and character references
 /// is expanded and nothing outside the file is opened. Nothing here throws: a document that cannot
 /// be read is empty, and a query that is no XPath matches nothing.
 class CXMLParse {

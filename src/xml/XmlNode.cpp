@@ -98,7 +98,7 @@ std::int32_t plainNumber(std::string_view text) {
     std::int32_t number = -1;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     const bool isPlain = error == std::errc() && end == text.data() + text.size() &&
-                         (text.size() == 1 || text[0] != '0');
+                         text[0] != '-' && (text.size() == 1 || text[0] != '0');
     return isPlain ? number : -1;
 }
 

@@ -1,5 +1,6 @@
 #include <QFile>
 #include <QImage>
+#include <QStringEncoder>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -95,6 +96,21 @@ TEST_F(ProjectCheckTest, NamesEachFaultWithItsPlace) {
     EXPECT_TRUE(m_readable);
 }
 
+TEST_F(ProjectCheckTest, TellsPlacesInAnyEncodingAndWithAnyLineEnds) {
+    for (
+        const QString& document :
+        {u"<ZEV_Photo_Info>\n\u00E4\n<Album_Data sprite_count='0'/>\u00E4<X/></ZEV_Photo_Info>"_qs,
+         u"<ZEV_Photo_Info>\r\n\u00E4\r\n<Album_Data sprite_count='0'/>\u00E4<X/></ZEV_Photo_Info>"_qs}) {
+        for (const auto encoding : {QStringConverter::Utf8, QStringConverter::Utf16BE}) {
+            for (const auto mark :
+                 {QStringConverter::Flag::Default, QStringConverter::Flag::WriteBom}) {
+                EXPECT_EQ(found(QStringEncoder(encoding, mark)(document)),
+                          "3:32 unknown element X\n");
+            }
+        }
+    }
+}
+
 TEST_F(ProjectCheckTest, LooksIntoTexts) {
     ASSERT_TRUE(QDir(m_folder.path()).mkpath("texteffect/texture"));
     QFile broken(m_folder.filePath("texteffect/texture/broken.png"));
@@ -113,18 +129,68 @@ TEST_F(ProjectCheckTest, LooksIntoTexts) {
                     tail),
               "3:1 font_size is missing\n"
               "3:1 halo is on but missing\n"
-              "4:23 texture ../x.png lies outside the folder of textures\n"
+              "4:23 texture ../x.png is no plain file name\n"
               "5:1 size is missing\n"
               "5:1 unknown brush style \"dots\"\n");
     EXPECT_EQ(found(head +
                     "<text_effect font_name='A' font_size='7' shadow='true'>\n"
                     "<face style='texture'><file name='broken.png'/></face>\n"
                     "<shadow offset='1' angle='45' style='gradient'><color color1='0x1' "
-                    "color2='no'/></shadow></text_effect>" +
+                    "color2='no' grad_pos_percent='half'/></shadow></text_effect>" +
                     tail),
-              "3:23 texture DIR/texteffect/texture/broken.png is no picture\n"
+              "3:23 texture DIR/texteffect/texture/broken.png cannot be painted\n"
               "4:48 color2 \"no\" is no number\n"
-              "4:48 angle is missing\n");
+              "4:48 angle is missing\n"
+              "4:48 grad_pos_percent \"half\" is no number\n");
+}
+
+TEST_F(ProjectCheckTest, NamesTexturesThatPaintNothing) {
+    const QString folder = m_folder.filePath("texteffect/texture/");
+    ASSERT_TRUE(QDir().mkpath(folder));
+    QImage picture(90, 90, QImage::Format_RGB32);
+    for (int i = 0; i < 90 * 90; ++i) {
+        picture.setPixel(i % 90, i / 90, static_cast<QRgb>(i) * 2654435761U);
+    }
+    ASSERT_TRUE(picture.save(folder + "whole.png"));
+    QFile whole(folder + "whole.png");
+    ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
+    QFile cut(folder + "cut.png");
+    ASSERT_TRUE(cut.open(QIODevice::WriteOnly));
+    cut.write(whole.readAll().chopped(whole.size() / 2));
+    cut.close();
+    QFile drawing(folder + "drawing.svg");
+    ASSERT_TRUE(drawing.open(QIODevice::WriteOnly));
+    drawing.write("<svg xmlns='http://www.w3.org/2000/svg' width='8' height='8'/>");
+    drawing.close();
+    const auto foundFor = [&](const QByteArray& name) {
+        return found(
+            "<ZEV_Photo_Info><Album_Data sprite_count='1'><Sprite_Data id='0' type='text'><text "
+            "x0='1' y0='1' font='Arial' color='0x1' size='9' bold='0' italic='0' underline='0' "
+            "align='0' shadow='0' s_color='0' so_x='0' so_y='0'><text_effect font_name='A' "
+            "font_size='7'><face style='texture'>\n<file name='" +
+            name + "'/></face></text_effect></text></Sprite_Data></Album_Data></ZEV_Photo_Info>");
+    };
+    EXPECT_EQ(foundFor("whole.png"), "");
+    EXPECT_EQ(foundFor("cut.png"),
+              "2:1 texture DIR/texteffect/texture/cut.png cannot be painted\n");
+    EXPECT_EQ(foundFor("drawing.svg"),
+              "2:1 texture DIR/texteffect/texture/drawing.svg cannot be painted\n");
+    EXPECT_EQ(foundFor("gone.png"), "2:1 texture DIR/texteffect/texture/gone.png is missing\n");
+    EXPECT_EQ(foundFor("a:whole.png"), "2:1 texture a:whole.png is no plain file name\n");
+}
+
+TEST_F(ProjectCheckTest, LooksIntoAllAlbums) {
+    EXPECT_EQ(found("<ZEV_Photo_Info>\n"
+                    "<Album_Data sprite_count='2'><Sprite_Data id='0' type='movie'/></Album_Data>\n"
+                    "<Album_Data sprite_count='9'><Sprite_Data id='1' type='props'/>\n"
+                    "<Sprite_Data id='0' type='props'/><Sprite_Data id='2'/></Album_Data>\n"
+                    "</ZEV_Photo_Info>"),
+              "2:30 unknown sprite type \"movie\"\n"
+              "3:1 Album_Data comes twice\n"
+              "3:30 has no element props\n"
+              "4:1 id 0 comes twice, the element is not read\n"
+              "4:35 id 2 is not below sprite_count 2, the element is not read\n");
+    EXPECT_EQ(found("<ZEV_Photo_Info/>"), "1:1 Album_Data is missing\n");
 }
 
 TEST_F(ProjectCheckTest, SaysWhyAFileIsNoProject) {

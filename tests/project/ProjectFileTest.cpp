@@ -7,6 +7,7 @@
 #include <vellora/model/DVDImageProps.h>
 
 #include "support/ProjectFixture.h"
+#include "support/ShortMemory.h"
 
 namespace vellora {
 namespace {
@@ -267,6 +268,26 @@ TEST(ProjectFile, AFailedSaveKeepsTheOldFile) {
     EXPECT_TRUE(QDir(folder.path()).isEmpty());
     EXPECT_EQ(document.object().SaveToXMLFile(folder.filePath("a.xml")), S_OK);
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList("a.xml"));
+}
+
+TEST(ProjectFile, ASaveWithoutMemoryFailsAndTheNextOneDoesNot) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("a.xml");
+    ProjectDocument document(1);
+    ASSERT_EQ(document.object().SaveToXMLFile(path), S_OK);
+    const std::string before = test::bytesOf(path);
+    for (int i = 0; i < 500; ++i) {
+        document.photo(0).AddSprite(new CDVDImageProps(nullptr, "clip.svg"), false);
+    }
+    const std::string all = document.saved();
+    for (std::size_t bytes = 2000; bytes < all.size(); bytes = bytes * 6 / 5) {
+        {
+            const test::ShortMemory memory(bytes);
+            EXPECT_EQ(document.object().SaveToXMLFile(path), E_FAIL) << bytes;
+        }
+        EXPECT_EQ(test::bytesOf(path), before);
+        EXPECT_EQ(document.saved(), all);
+    }
 }
 
 TEST(ProjectFile, NamesOfAnyKindAreWritten) {

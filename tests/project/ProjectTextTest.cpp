@@ -1,3 +1,5 @@
+#include <QStringEncoder>
+
 #include <gtest/gtest.h>
 
 #include <vellora/model/DVDImageText.h>
@@ -39,6 +41,7 @@ TEST(ProjectText, WhateverWasTypedComesBack) {
         "</text><text_effect/>",
         "ends like the file's own indentation\n                ",
         "\n                ",
+        "ends in a carriage return\r",
         u"\u05D0\u05D1 e\u0301 \U0001F468\u200D\U0001F469 \uFFFD \u0085 \u2028"_qs,
         QString(100'000, QChar('x')),
     };
@@ -56,6 +59,24 @@ TEST(ProjectText, WhateverWasTypedComesBack) {
         EXPECT_EQ(textOf(again, i).GetText(), typed[i]) << i;
     }
     EXPECT_EQ(again.saved(), saved);
+}
+
+TEST(ProjectText, OtherLineEndsOfTheFileChangeNoText) {
+    ProjectDocument document(1);
+    for (const char* text : {"one line", "two\nlines\n", "\n", "", "blanks\n                "}) {
+        auto* sprite = new CDVDImageText(nullptr);
+        sprite->SetText(text);
+        document.photo(0).AddSprite(sprite, false);
+    }
+    const std::string saved = document.saved();
+    const QString rewritten = QString::fromStdString(saved).replace("\n", "\r\n");
+    const QByteArray wide =
+        QStringEncoder(QStringConverter::Utf16LE, QStringConverter::Flag::WriteBom)(rewritten);
+    for (const std::string& file : {rewritten.toStdString(), wide.toStdString()}) {
+        ProjectDocument again(1);
+        again.load(file);
+        EXPECT_EQ(again.saved(), saved);
+    }
 }
 
 TEST(ProjectText, CharactersThatNoFileHoldsAreDroppedOnTheWayIn) {

@@ -200,6 +200,15 @@ TEST_F(TextureTest, ListsFilesByName) {
     EXPECT_EQ(ListTextures(base.path()).size(), 2);
     EXPECT_TRUE(ListTextures(base.path()).contains("a.png"));
     EXPECT_TRUE(ListTextures(base.filePath("nowhere")).isEmpty());
+#if defined(Q_OS_UNIX)
+    for (const char* name : {"a:b.png", "wood: dark.png", "a\\b.png", "c d.png"}) {
+        save(QString("texteffect/texture/") + name, Qt::red, 2);
+    }
+    EXPECT_EQ(ListTextures(base.path()).size(), 3) << "c d.png only";
+    for (const QString& name : ListTextures(base.path())) {
+        EXPECT_NE(brush(name).style(), Qt::NoBrush) << name.toStdString();
+    }
+#endif
 }
 
 }  // namespace

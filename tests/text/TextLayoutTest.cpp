@@ -125,6 +125,24 @@ TEST_F(TextLayoutTest, OverlappingShapesCutNoHoles) {
     }
 }
 
+TEST_F(TextLayoutTest, KeepsAWideGlyphWhileAnyPartOfItShows) {
+    // As wide as a whole word of some scripts, and wider.
+    for (const int stretch : {100, 400, 1000, 4000}) {
+        font.setStretch(stretch);
+        const TextLayout layout(font, u"\u2014"_qs);
+        const QPainterPath dash = layout.outline(kAll);
+        const QRectF box = dash.boundingRect();
+        EXPECT_NEAR(box.width(), 1.6 * stretch, 1);
+        for (double x = box.left() - 90; x < box.right(); x += 50) {
+            const QRectF window(x, box.top(), 100, box.height());
+            EXPECT_EQ(layout.outline(window), dash) << stretch << " at " << x;
+        }
+        const QPointF away(box.width() + 1000, 0);
+        EXPECT_TRUE(layout.outline(box.translated(away)).isEmpty());
+        EXPECT_TRUE(layout.outline(box.translated(-away)).isEmpty());
+    }
+}
+
 TEST_F(TextLayoutTest, BoundsWhatAFileAsksFor) {
     EXPECT_EQ(size(QString(100'000, 'm')), size(QString(8192, 'm')));
     EXPECT_EQ(size(QString(100'000, '\n')).height(), size(QString(8192, '\n')).height());

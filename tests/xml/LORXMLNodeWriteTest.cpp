@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 #include "base/SafeFile.h"
+#include "support/ShortMemory.h"
 #include "xml/LORXMLNodeWrite.h"
 
 namespace vellora {
@@ -123,6 +124,45 @@ TEST(XmlWriter, WritesUtf8OnceAndReportsFailure) {
     SetXMLTarget(nullptr);
     EXPECT_TRUE(file.Commit());
     EXPECT_EQ(readFile(path), "<\xC3\xA4\xF0\x9F\x98\x80/>\n");
+}
+
+/// Elements whose start tag fills the buffer as far as it was made for it.
+struct XmlWriterWithoutMemoryTest : testing::Test {
+    QTemporaryDir folder;
+    SafeFile file{folder.filePath("out.xml")};
+    const QString name{5006, QChar('n')};
+
+    void SetUp() override {
+        WriteXMLBuffer();  // frees what an earlier document took
+        ASSERT_EQ(BeginXMLDocument(), 1);
+        ASSERT_TRUE(file.Open());
+        SetXMLTarget(&file);
+    }
+    void TearDown() override { SetXMLTarget(nullptr); }
+
+    static void ExpectThatOnlyTheNextOneIsWritten() {
+        EXPECT_EQ(WriteXMLBuffer(), 0);
+        EXPECT_EQ(BeginXMLDocument(), 1);
+        EXPECT_EQ(WriteXMLBuffer(), 1);
+    }
+};
+
+TEST_F(XmlWriterWithoutMemoryTest, AnEndTagIsMissing) {
+    auto node = std::make_unique<CLORXMLNodeWrite>(0, name);
+    {
+        const test::ShortMemory memory(100);
+        node.reset();
+    }
+    ExpectThatOnlyTheNextOneIsWritten();
+}
+
+TEST_F(XmlWriterWithoutMemoryTest, AStartTagIsMissing) {
+    {
+        const CLORXMLNodeWrite outer(0, name);
+        const test::ShortMemory memory(6000);  // enough for the name
+        EXPECT_THROW(CLORXMLNodeWrite(1, name), std::bad_alloc);
+    }
+    ExpectThatOnlyTheNextOneIsWritten();
 }
 
 class SafeFileTest : public testing::Test {

@@ -1,6 +1,7 @@
 #include <QFile>
 #include <QStringEncoder>
 #include <QTemporaryDir>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -9,6 +10,24 @@
 
 namespace vellora {
 namespace {
+
+/// The document in each encoding, with and without a byte order mark.
+std::vector<QByteArray> encoded(const QString& document) {
+    using Coding = QStringConverter;
+    std::vector<QByteArray> forms;
+    for (const auto encoding :
+         {Coding::Utf8, Coding::Utf16LE, Coding::Utf16BE, Coding::Utf32LE, Coding::Utf32BE}) {
+        for (const auto mark : {Coding::Flag::Default, Coding::Flag::WriteBom}) {
+            forms.push_back(QStringEncoder(encoding, mark)(document));
+        }
+    }
+    return forms;
+}
+
+/// As an editor or a version-control system leaves it.
+QString withCrLf(QString document) {
+    return document.replace("\n", "\r\n");
+}
 
 TEST(XmlReader, TellsMissingNodeFromMissingAttribute) {
     CXMLParse xml;
@@ -98,13 +117,7 @@ TEST(XmlReader, ReadsForeignFormsAndEncodings) {
     const QString document =
         "<?xml version='1.0'?><!-- c --><a v='\"'>x<![CDATA[<y>]]><!-- c -->"
         "\u00E4<b>in</b>z</a>";
-    const QByteArray forms[] = {
-        document.toUtf8(),
-        QByteArray("\xEF\xBB\xBF") + document.toUtf8(),
-        QStringEncoder(QStringEncoder::Utf16LE, QStringEncoder::Flag::WriteBom)(document),
-        QStringEncoder(QStringEncoder::Utf16BE, QStringEncoder::Flag::WriteBom)(document),
-    };
-    for (const QByteArray& form : forms) {
+    for (const QByteArray& form : encoded(document)) {
         CXMLParse xml;
         ASSERT_EQ(xml.OpenText(form), 1);
         QString text;
@@ -113,6 +126,37 @@ TEST(XmlReader, ReadsForeignFormsAndEncodings) {
         EXPECT_EQ(xml.Select("//a").LeadingText(), u"x<y>\u00E4");
         EXPECT_EQ(xml.Select("//a").Attribute("v"), "\"");
     }
+}
+
+TEST(XmlReader, TakesBackNewLineEndsOfTheWholeFile) {
+    const QString document = "<?xml version='1.0'?>\n<a v='\n\t'>x\n\ny\r\n</a>";
+    for (const QByteArray& form : encoded(withCrLf(document))) {
+        CXMLParse xml;
+        ASSERT_EQ(xml.OpenText(form), 1);
+        EXPECT_EQ(xml.Select("/a").Text(), "x\n\ny\r\n") << "its own carriage return stays";
+        EXPECT_EQ(xml.Select("/a").Attribute("v"), "\n\t");
+    }
+    const QString mixed = "<?xml version='1.0'?>\n<a v='\r\n'>\r\n</a>\r\n";
+    for (const QByteArray& form : encoded(mixed)) {
+        CXMLParse xml;
+        ASSERT_EQ(xml.OpenText(form), 1);
+        EXPECT_EQ(xml.Select("/a").Text(), "\r\n") << "the first line is what tells";
+        EXPECT_EQ(xml.Select("/a").Attribute("v"), "\r\n");
+    }
+}
+
+TEST(XmlReader, LooksForOneEncodingOnly) {
+    CXMLParse xml;
+    const QString document = u"<?xml version='1.0' encoding='latin1'?><a>\u00E4</a>"_qs;
+    const std::vector<QByteArray> forms = encoded(document);
+    for (std::size_t i = 1; i < forms.size(); ++i) {
+        ASSERT_EQ(xml.OpenText(forms[i]), 1);
+        EXPECT_EQ(xml.Select("/a").Text(), u"\u00E4") << "the bytes are stronger than the word";
+    }
+    EXPECT_EQ(xml.OpenText(document.toLatin1()), 1);
+    EXPECT_EQ(xml.Select("/a").Text(), u"\u00E4");
+    const QByteArray inner = QStringEncoder(QStringConverter::Utf16LE)(QString("<a/>"));
+    EXPECT_EQ(xml.OpenText("\xEF\xBB\xBF" + inner), 0);
 }
 
 TEST(XmlReader, DropsCharactersThatNoFileMayHold) {
@@ -144,12 +188,8 @@ TEST(XmlReader, RefusesWhatIsNoDocument) {
 TEST(XmlReader, TellsThePlaceOfAFaultInAnyEncoding) {
     const QTemporaryDir folder;
     const QString document = u"<a v='&lt;&amp;\n\n'>\n  <\u00E4>\U0001F600</b>\n</a>"_qs;
-    for (const auto encoding :
-         {QStringConverter::Utf8, QStringConverter::Utf16LE, QStringConverter::Utf16BE}) {
-        for (const auto mark :
-             {QStringConverter::Flag::Default, QStringConverter::Flag::WriteBom}) {
-            QStringEncoder encode(encoding, mark);
-            const QByteArray bytes = encode(document);
+    for (const QString& form : {document, withCrLf(document)}) {
+        for (const QByteArray& bytes : encoded(form)) {
             QFile file(folder.filePath("broken.xml"));
             ASSERT_TRUE(file.open(QIODevice::WriteOnly));
             ASSERT_EQ(file.write(bytes), bytes.size());
@@ -209,14 +249,32 @@ TEST(XmlReader, RefusesDeepNesting) {
     EXPECT_EQ(xml.OpenText("<r>" + QByteArray("<a b=\"c\"/>\n").repeated(1000) + "</r>"), 1);
 }
 
+TEST(XmlReader, RefusesDeepNestingInAnyEncoding) {
+    // Texts that have the bytes of an end tag, in one or the other order.
+    for (const QString& start : {u"<a>"_qs, u"<a>\u2F3C\u203E"_qs, u"<a>\u3C2F\u3E20"_qs}) {
+        const auto nested = [&](int depth) {
+            return encoded(start.repeated(depth) + QString("</a>").repeated(depth));
+        };
+        CXMLParse xml;
+        for (const QByteArray& form : nested(256)) {
+            EXPECT_EQ(xml.OpenText(form), 1);
+        }
+        for (const QByteArray& form : nested(257)) {
+            EXPECT_EQ(xml.OpenText(form), 0);
+        }
+    }
+}
+
 TEST(XmlReader, NumbersChildrenByTheirId) {
     CXMLParse xml;
-    ASSERT_EQ(xml.OpenText("<a><s id='2' v='c'/><s id='0' v='a'/><t id='1'/><s id='02'/><s id='2' "
-                           "v='late'/><s/><s id='-1'/><s id='9'/><s id='x'/></a>"),
+    ASSERT_EQ(xml.OpenText("<a><s id='-0' v='no'/><s id='2' v='c'/><s id='0' v='a'/><t id='1'/>"
+                           "<s id='02'/><s id='2' v='late'/><s/><s id='-1'/><s id='9'/>"
+                           "<s id='x'/><s id='1 '/><s id='+1'/></a>"),
               1);
     const auto children = numberedChildren({xml.Select("/a")}, "s", 9);
     ASSERT_EQ(children.size(), 2U);
     EXPECT_EQ(children[0].id, 0);
+    EXPECT_EQ(children[0].node.Attribute("v"), "a");
     EXPECT_EQ(children[1].id, 2);
     EXPECT_EQ(children[1].node.Attribute("v"), "c");
     EXPECT_EQ(

@@ -27,8 +27,9 @@ VELLORA_EXPORT std::vector<TextEffectEntry> LoadEffectCatalogue(const QString& b
 /// The folder with the textures below a text-effect base folder.
 VELLORA_EXPORT QString TextureFolder(const QString& baseFolder);
 
-/// The texture files below a text-effect base folder: names without folder, hidden and system
-/// files left out, in alphabetical order.
+/// The texture files below a text-effect base folder: names without folder, in alphabetical order.
+/// Left out are hidden and system files, and names with a backslash or a colon, which paint
+/// nothing.
 VELLORA_EXPORT QStringList ListTextures(const QString& baseFolder);
 
 /// A picture of a sample text drawn with an effect, as large as fits with all its layers.

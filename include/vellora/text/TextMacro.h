@@ -33,8 +33,9 @@ public:
     void SetSlideIndex(std::int32_t index) { m_slideIndex = index; }  ///< From 0.
     void SetSlideCount(std::int32_t count) { m_slideCount = count; }
 
-    /// Replaces `result` by the expansion of `source`. Values are not expanded again. An expansion
-    /// stops growing at a million characters.
+    /// Replaces `result` by the expansion of `source`. Values are not expanded again. After the
+    /// value or the piece of plain text with which it reaches a million characters, an expansion
+    /// ends.
     /// @return 1.
     int Expand(const QString& source, QString& result) const;
 
