@@ -7,6 +7,9 @@ namespace vellora::test {
 /// While it lives, whatever asks for more bytes at once by `new` on this thread gets no memory.
 class ShortMemory {
 public:
+    /// Not under a sanitizer.
+    static bool isPossible();
+
     explicit ShortMemory(std::size_t bytes);
     ~ShortMemory();
     ShortMemory(const ShortMemory&) = delete;
