@@ -9,10 +9,12 @@ namespace vellora::desktop {
 namespace {
 
 constexpr int kShortestMs = 1000;
+constexpr int kOpeningMs = 1000;  // nothing changes to the first photo
 constexpr int kDefaultSeconds = 2;
+constexpr int kMostSeconds = 86400;  // the sum of two, in milliseconds, fits a number
 
 int milliseconds(std::int32_t seconds) {
-    return (seconds < 1 ? kDefaultSeconds : std::min(seconds, 86400)) * 1000;
+    return (seconds < 1 ? kDefaultSeconds : std::min(seconds, kMostSeconds)) * 1000;
 }
 
 }  // namespace
@@ -78,12 +80,12 @@ void Player::showCurrent() {
     m_previous = m_shown;
     m_shown = m_ready[slide(m_current).id()];
     m_fade.stop();
-    m_fade.setDuration(std::min(milliseconds(slide(m_current).record().second_duration), 3000));
+    m_fade.setDuration(m_onScreen < 0 ? kOpeningMs
+                                      : milliseconds(slide(m_onScreen).record().second_duration));
+    m_onScreen = m_current;
     m_fade.start();
     if (!m_halted) {
-        m_clock.start(
-            std::max(milliseconds(slide(m_current).record().first_duration), kShortestMs) +
-            m_fade.duration());
+        startClock(milliseconds(slide(m_current).record().first_duration));
     }
 }
 
@@ -107,12 +109,17 @@ void Player::advance() {
 
 void Player::halt(bool halted) {
     m_halted = halted;
-    if (halted) {
-        m_clock.stop();
-    } else {
-        m_clock.start(kShortestMs);
+    m_clock.stop();
+    // A photo that is still being made starts the clock when it is on the screen.
+    if (!halted && !m_awaited) {
+        startClock(kShortestMs);
     }
     update();
+}
+
+void Player::startClock(int delay) {
+    const bool fades = m_fade.state() == QAbstractAnimation::Running;
+    m_clock.start(delay + (fades ? m_fade.duration() - m_fade.currentTime() : 0));
 }
 
 void Player::paintPicture(QPainter& painter, const QImage& picture, double opacity) const {

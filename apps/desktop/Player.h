@@ -10,7 +10,8 @@
 
 namespace vellora::desktop {
 
-/// Plays the show on the full screen with a plain cross-fade. Space halts and goes on, the arrow
+/// Plays the show on the full screen with a plain cross-fade, as long as the photo that goes asks
+/// for. Space halts and goes on, the arrow
 /// keys change the photo, Escape ends.
 class Player : public QWidget {
     Q_OBJECT
@@ -32,6 +33,8 @@ private:
     void goTo(int index);
     void advance();
     void halt(bool halted);
+    /// The next photo comes after so many milliseconds, counted from the end of the fade.
+    void startClock(int delay);
     void requestAround();
     void store(quint64 slideId, const QImage& picture);
     void showCurrent();
@@ -40,6 +43,7 @@ private:
 
     std::vector<SlidePtr> m_slides;
     int m_current;
+    int m_onScreen = -1;  ///< The slide of `m_shown`: its transition leads to the next one.
     bool m_halted = false;
     bool m_awaited = true;
     QImage m_shown;

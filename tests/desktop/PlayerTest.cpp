@@ -1,4 +1,5 @@
 #include <QPointer>
+#include <cstdlib>
 #include <limits>
 
 #include "DesktopFixture.h"
@@ -100,6 +101,53 @@ TEST_F(PlayerTest, StrangeDurationsDoNoHarm) {
         QTest::keyClick(player, Qt::Key_Right);
     }
     EXPECT_EQ(player->current(), 2);
+    end(player);
+}
+
+TEST_F(PlayerTest, ThePhotoThatGoesTellsHowLongTheChangeTakes) {
+    const auto all = slides(3);
+    all[0]->record().second_duration = 4;
+    all[1]->record().second_duration = 1;
+    all[2]->record().second_duration = 9;
+    const QPointer<Player> player = play(all);
+    QTest::keyClick(player, Qt::Key_Space);
+    const auto shows = [&player](QRgb colour) {
+        const QColor seen = middle(*player);
+        return std::abs(seen.red() - qRed(colour)) < 8 &&
+               std::abs(seen.green() - qGreen(colour)) < 8 &&
+               std::abs(seen.blue() - qBlue(colour)) < 8;
+    };
+    const auto changeTakes = [&](QRgb colour) {
+        QElapsedTimer clock;
+        clock.start();
+        QTest::keyClick(player, Qt::Key_Right);
+        waitFor([&] { return shows(colour); }, "the next photo alone");
+        return clock.elapsed();
+    };
+    waitFor([&] { return shows(qRgb(200, 0, 0)); }, "the first photo");
+    EXPECT_GT(changeTakes(qRgb(0, 200, 0)), 3500);
+    EXPECT_LT(changeTakes(qRgb(0, 0, 200)), 3500);
+    end(player);
+}
+
+/// Pictures that were made do not reach the player that it watches.
+class Withholding : public QObject {
+public:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        return event->type() == QEvent::MetaCall;
+    }
+};
+
+TEST_F(PlayerTest, APhotoThatIsStillBeingMadeIsNotPassedBy) {
+    const QPointer<Player> player = play(slides(3));
+    Withholding withholding;
+    player->installEventFilter(&withholding);
+    for (int press = 0; press < 2; ++press) {
+        QTest::keyClick(player, Qt::Key_Space);
+    }
+    EXPECT_FALSE(player->isHalted());
+    QTest::qWait(1300);
+    EXPECT_EQ(player->current(), 0);
     end(player);
 }
 
