@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QMimeData>
+#include <QUuid>
 #include <algorithm>
 #include <iterator>
 #include <unordered_set>
@@ -74,7 +75,9 @@ private:
 }  // namespace
 
 SlideModel::SlideModel(QObject* parent)
-    : QAbstractListModel(parent), m_document(std::make_unique<CImageObj>()) {}
+    : QAbstractListModel(parent),
+      m_document(std::make_unique<CImageObj>()),
+      m_mark(QUuid::createUuid().toByteArray()) {}
 
 SlideModel::~SlideModel() = default;
 
@@ -291,9 +294,9 @@ QStringList SlideModel::mimeTypes() const {
 }
 
 QMimeData* SlideModel::mimeData(const QModelIndexList& indexes) const {
-    QByteArray rows;
+    QByteArray rows = m_mark;
     for (const QModelIndex& index : indexes) {
-        rows += QByteArray::number(index.row()) + ' ';
+        rows += ' ' + QByteArray::number(index.row());
     }
     auto* data = new QMimeData;
     data->setData(kRowsFormat, rows);
@@ -302,7 +305,11 @@ QMimeData* SlideModel::mimeData(const QModelIndexList& indexes) const {
 
 bool SlideModel::canDropMimeData(const QMimeData* data, Qt::DropAction /*action*/, int /*row*/,
                                  int /*column*/, const QModelIndex& /*parent*/) const {
-    return data->hasFormat(kRowsFormat) || data->hasUrls();
+    return holdsOwnRows(*data) || data->hasUrls();
+}
+
+bool SlideModel::holdsOwnRows(const QMimeData& data) const {
+    return data.data(kRowsFormat).startsWith(m_mark);
 }
 
 bool SlideModel::dropMimeData(const QMimeData* data, Qt::DropAction /*action*/, int row,
@@ -310,9 +317,9 @@ bool SlideModel::dropMimeData(const QMimeData* data, Qt::DropAction /*action*/, 
     if (row < 0) {
         row = parent.isValid() ? parent.row() : count();
     }
-    if (data->hasFormat(kRowsFormat)) {
+    if (holdsOwnRows(*data)) {
         QList<int> rows;
-        for (const QByteArray& number : data->data(kRowsFormat).split(' ')) {
+        for (const QByteArray& number : data->data(kRowsFormat).mid(m_mark.size()).split(' ')) {
             bool sane = false;
             const int value = number.toInt(&sane);
             if (sane) {

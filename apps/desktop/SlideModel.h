@@ -68,6 +68,8 @@ Q_SIGNALS:
     void filesDropped(const QList<QUrl>& files, int row);
 
 private:
+    /// Whether rows of this list are dragged, not those of another window or program.
+    [[nodiscard]] bool holdsOwnRows(const QMimeData& data) const;
     void removeOthers(const std::vector<SlidePtr>& kept);
     void reorder(std::vector<SlidePtr> order);
     void insertMissing(const std::vector<SlidePtr>& slides);
@@ -77,6 +79,7 @@ private:
     void rebuildDocument();
 
     std::unique_ptr<CImageObj> m_document;
+    QByteArray m_mark;  ///< Differs for all lists of all programs.
     std::vector<SlidePtr> m_slides;
     QUndoStack m_history;
 };

@@ -82,6 +82,24 @@ TEST_F(ShowDocumentTest, MovesRowsByDragAndDrop) {
     EXPECT_EQ(dropped[0][1].toInt(), 2);
 }
 
+TEST_F(ShowDocumentTest, RowsOfAnotherShowAreNotTaken) {
+    addPhotos(3);
+    ShowDocument other;
+    other.addFiles({photo(QStringLiteral("q0.png")), photo(QStringLiteral("q1.png"))}, 0, 0);
+    const std::unique_ptr<QMimeData> theirs(other.slides().mimeData({other.slides().index(0)}));
+    const std::unique_ptr<QMimeData> ours(slides.mimeData({slides.index(0)}));
+    QMimeData unmarked;
+    unmarked.setData(ours->formats().first(), QByteArrayLiteral("0 "));
+    for (const QMimeData* foreign : {theirs.get(), &unmarked}) {
+        EXPECT_FALSE(slides.canDropMimeData(foreign, Qt::MoveAction, 3, 0, {}));
+        EXPECT_FALSE(slides.dropMimeData(foreign, Qt::MoveAction, 3, 0, {}));
+        EXPECT_EQ(order(), QStringLiteral("012"));
+    }
+    EXPECT_TRUE(slides.canDropMimeData(ours.get(), Qt::MoveAction, 3, 0, {}));
+    slides.dropMimeData(ours.get(), Qt::MoveAction, 3, 0, {});
+    EXPECT_EQ(order(), QStringLiteral("120"));
+}
+
 TEST_F(ShowDocumentTest, SavesAndOpensWithEdits) {
     addPhotos(3);
     addSprite(1);
