@@ -66,7 +66,10 @@ void MainWindow::createFileMenu() {
 void MainWindow::createEditMenu() {
     QMenu* edit = menuBar()->addMenu(tr("&Edit"));
     m_actions.undo = action(edit, tr("&Undo"), QKeySequence::Undo, &MainWindow::undo);
-    m_actions.redo = action(edit, tr("Re&do"), QKeySequence::Redo, &MainWindow::redo);
+    m_actions.redo = action(edit, tr("Re&do"), {}, &MainWindow::redo);
+    // The systems disagree which of the two it is.
+    m_actions.redo->setShortcuts(
+        {Qt::CTRL | Qt::SHIFT | Qt::Key_Z, QKeySequence(Qt::CTRL | Qt::Key_Y)});
     edit->addSeparator();
     m_actions.add =
         action(edit, tr("&Add photos..."), Qt::CTRL | Qt::Key_I, &MainWindow::addPhotos);

@@ -151,6 +151,13 @@ TEST_F(UserTest, TheKeyboardSuffices) {
     EXPECT_EQ(orderOf(slides), u"034") << "the next photo is selected after each";
     QTest::keyClick(&window.view(), Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(orderOf(slides), u"0234");
+    QTest::keyClick(&window.view(), Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(orderOf(slides), u"034");
+    QTest::keyClick(&window.view(), Qt::Key_Z, Qt::ControlModifier);
+    QTest::keyClick(&window.view(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(orderOf(slides), u"034");
+    QTest::keyClick(&window.view(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(orderOf(slides), u"0234");
     QTest::keyClick(&window.view(), Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(window.view().selectedRows().size(), 4);
     QTest::keyClick(&window.view(), Qt::Key_Delete);
