@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "common/ShowFile.h"
@@ -16,6 +17,7 @@ namespace vellora::desktop {
 namespace {
 
 constexpr int kIntervalMs = 30'000;
+constexpr int kMostCopies = 50;
 const QString kEnding = QStringLiteral(".vshow");
 const QString kUntitled = QStringLiteral("untitled-");
 
@@ -26,16 +28,24 @@ QDir dataFolder() {
     return {path};
 }
 
-QString besideShow(const QString& show) {
-    const QFileInfo info(show);
-    return info.absoluteDir().filePath(
-        QStringLiteral(".%1.autosave.vshow").arg(info.completeBaseName()));
+/// Names of copies at one place. Several are needed while some wait for the user's decision.
+QStringList namesFrom(const QString& start) {
+    QStringList names{start + QStringLiteral(".autosave") + kEnding};
+    for (int number = 2; number <= kMostCopies; ++number) {
+        names.append(start + QStringLiteral(".autosave-") + QString::number(number) + kEnding);
+    }
+    return names;
 }
 
-QString amongOwnData(const QString& show) {
+QStringList besideShow(const QString& show) {
+    const QFileInfo info(show);
+    return namesFrom(info.absoluteDir().filePath(QLatin1Char('.') + info.completeBaseName()));
+}
+
+QStringList amongOwnData(const QString& show) {
     const QByteArray hash =
         QCryptographicHash::hash(show.toUtf8(), QCryptographicHash::Sha1).toHex();
-    return dataFolder().filePath(QString::fromLatin1(hash) + QStringLiteral(".autosave.vshow"));
+    return namesFrom(dataFolder().filePath(QString::fromLatin1(hash)));
 }
 
 QString lockOf(const QString& untitled) {
@@ -56,7 +66,7 @@ Autosave::~Autosave() = default;
 QStringList Autosave::copyPaths() {
     const QString& show = m_document.path();
     if (!show.isEmpty()) {
-        return {besideShow(show), amongOwnData(show)};
+        return {freeName(besideShow(show)), freeName(amongOwnData(show))};
     }
     for (int number = 1; m_untitled.isEmpty() && number < 1000; ++number) {
         const QString path =
@@ -71,10 +81,16 @@ QStringList Autosave::copyPaths() {
     return {m_untitled};
 }
 
-void Autosave::update() {
+QString Autosave::freeName(const QStringList& names) const {
+    const auto found = std::ranges::find_if(
+        names, [this](const QString& name) { return name == m_copy || !QFile::exists(name); });
+    return found != names.end() ? *found : QString();
+}
+
+bool Autosave::update() {
     if (!m_document.isDirty()) {
         discard();
-        return;
+        return true;
     }
     const QStringList paths = copyPaths();
     QString error;
@@ -82,12 +98,13 @@ void Autosave::update() {
         return !path.isEmpty() && m_document.saveCopy(path, &error);
     });
     if (written == paths.cend()) {
-        return;  // an earlier copy is better than none
+        return false;  // an earlier copy is better than none
     }
     const QString previous = std::exchange(m_copy, *written);
     if (!previous.isEmpty() && previous != m_copy) {
         remove(previous);
     }
+    return true;
 }
 
 void Autosave::discard() {
@@ -97,16 +114,12 @@ void Autosave::discard() {
     }
 }
 
-QString Autosave::newerCopyOf(const QString& show) {
-    const QDateTime saved = QFileInfo(show).lastModified();
-    for (const QString& copy :
-         {besideShow(show), amongOwnData(QFileInfo(show).absoluteFilePath())}) {
-        const QFileInfo info(copy);
-        if (info.exists() && info.lastModified() > saved) {
-            return copy;
-        }
-    }
-    return {};
+QStringList Autosave::copiesOf(const QString& show) {
+    QStringList copies = besideShow(show) + amongOwnData(QFileInfo(show).absoluteFilePath());
+    copies.removeIf([](const QString& copy) { return !QFileInfo(copy).isFile(); });
+    std::ranges::stable_sort(copies, std::ranges::greater(),
+                             [](const QString& copy) { return QFileInfo(copy).lastModified(); });
+    return copies;
 }
 
 QStringList Autosave::orphans() {

@@ -10,7 +10,8 @@ namespace vellora::desktop {
 class ShowDocument;
 
 /// Keeps an automatic copy of a show with unsaved changes, so that a crash loses little: beside
-/// the show where its folder can be written, else among the program's own data.
+/// the show where its folder can be written, else among the program's own data. Copies that a
+/// crash left behind stay as they are until the user takes or refuses them.
 class Autosave : public QObject {
     Q_OBJECT
 
@@ -19,12 +20,14 @@ public:
     ~Autosave() override;
 
     /// Writes the copy now when there are changes; removes it when there are none.
-    void update();
+    /// @return False when the changes could not be written.
+    bool update();
     /// Removes the copy: the user saved, or does not want the changes.
     void discard();
 
-    /// The copy of a show that is newer than the show itself; empty when there is none.
-    static QString newerCopyOf(const QString& show);
+    /// The copies of a show that nobody has taken or refused yet, the newest first. The show itself
+    /// may have been saved since, or be gone.
+    static QStringList copiesOf(const QString& show);
     /// Copies of shows that were never saved, left behind by a program that ended without asking.
     static QStringList orphans();
     /// Removes a copy with its edits.
@@ -37,6 +40,8 @@ Q_SIGNALS:
 private:
     /// Where the copy may lie, the best place first.
     [[nodiscard]] QStringList copyPaths();
+    /// The first name that is not that of another copy; empty when all are taken.
+    [[nodiscard]] QString freeName(const QStringList& names) const;
 
     ShowDocument& m_document;
     QTimer m_timer;

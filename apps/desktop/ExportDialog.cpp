@@ -9,11 +9,12 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
 #include <QSpinBox>
 #include <QStandardPaths>
+
+#include "desktop/MessageBox.h"
 
 namespace vellora::desktop {
 namespace {
@@ -125,7 +126,7 @@ void ExportDialog::chooseFolder() {
 void ExportDialog::acceptChecked() {
     const QString folder = m_folder->text();
     if (folder.isEmpty() || !QDir().mkpath(folder) || !QFileInfo(folder).isWritable()) {
-        QMessageBox::warning(this, windowTitle(), tr("The folder cannot be written to."));
+        MessageBox::warn(this, windowTitle(), tr("The folder cannot be written to."));
         return;
     }
     QSettings settings;

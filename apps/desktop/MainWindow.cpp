@@ -6,7 +6,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
-#include <QMessageBox>
 #include <QScrollBar>
 #include <QStatusBar>
 #include <QWindow>
@@ -17,6 +16,7 @@
 #include "desktop/ExportDialog.h"
 #include "desktop/ExportProgress.h"
 #include "desktop/Language.h"
+#include "desktop/MessageBox.h"
 #include "desktop/Player.h"
 #include "desktop/PreferencesDialog.h"
 #include "desktop/ShowDocument.h"
@@ -178,8 +178,7 @@ void MainWindow::forgetUnseen() {
 }
 
 void MainWindow::report(const QString& title, const QString& text, const QStringList& details) {
-    QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok, this);
-    box.setTextFormat(Qt::PlainText);
+    MessageBox box(MessageBox::Warning, title, text, MessageBox::Ok, this);
     if (!details.isEmpty()) {
         box.setInformativeText(QStringList(details.mid(0, 3)).join(QLatin1Char('\n')));
         if (details.size() > 3) {
@@ -191,16 +190,17 @@ void MainWindow::report(const QString& title, const QString& text, const QString
 
 bool MainWindow::mayLeaveShow() {
     if (!m_document->isDirty()) {
+        m_autosave->discard();
         return true;
     }
-    const auto answer = QMessageBox::question(
+    const auto answer = MessageBox::ask(
         this, tr("Unsaved changes"),
         tr("The show \"%1\" has changes that are not saved.").arg(m_document->displayName()),
-        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
-    if (answer == QMessageBox::Save) {
+        MessageBox::Save | MessageBox::Discard | MessageBox::Cancel, MessageBox::Save);
+    if (answer == MessageBox::Save) {
         return save();
     }
-    if (answer == QMessageBox::Discard) {
+    if (answer == MessageBox::Discard) {
         m_autosave->discard();
         return true;
     }
@@ -216,12 +216,13 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     QMainWindow::closeEvent(event);
 }
 
-void MainWindow::autosave() {
+bool MainWindow::autosave() {
     // Drawing measures texts, so a show that is drawn by another thread is not written.
-    if (findChild<Player*>() == nullptr) {
-        const RenderQueue::Pause pause(m_thumbnails->queue());
-        m_autosave->update();
+    if (findChild<Player*>() != nullptr) {
+        return false;
     }
+    const RenderQueue::Pause pause(m_thumbnails->queue());
+    return m_autosave->update();
 }
 
 void MainWindow::newShow() {

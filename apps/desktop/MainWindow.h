@@ -61,7 +61,8 @@ private:
     void forgetUnseen();
     void report(const QString& title, const QString& text, const QStringList& details);
 
-    void autosave();
+    /// @return False when changes are only in the memory.
+    bool autosave();
     /// Ends slideshows that play; their threads render the photos of the show.
     void stopPlaying();
     /// What the work gives, done while no thumbnail is rendered.
@@ -74,7 +75,11 @@ private:
     void newShow();
     void openDialog();
     void open(const QString& path);
-    void recover(const QString& copy, const QString& show);
+    /// Offers the automatic copies of a show, the newest first, as long as the user refuses them.
+    void offerCopies(const QString& show);
+    enum class Decision { Taken, Refused, Later };
+    Decision recover(const QString& copy, const QString& show);
+    void takeCopy(const QString& copy, const QString& show);
     bool save();
     bool saveAs();
     void saveAction();

@@ -4,12 +4,12 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLocale>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QSysInfo>
 
 #include "desktop/Autosave.h"
 #include "desktop/MainWindow.h"
+#include "desktop/MessageBox.h"
 #include "desktop/ShowDocument.h"
 #include "desktop/SlideView.h"
 
@@ -45,12 +45,14 @@ void MainWindow::open(const QString& path) {
     QStringList problems;
     switch (paused([&] { return m_document->open(path, &problems); })) {
         case ShowDocument::OpenResult::Failed:
-            report(tr("Open a show"),
-                   tr("\"%1\" cannot be opened.").arg(QFileInfo(path).fileName()), problems);
+            if (QFileInfo::exists(path) || Autosave::copiesOf(path).isEmpty()) {
+                report(tr("Open a show"),
+                       tr("\"%1\" cannot be opened.").arg(QFileInfo(path).fileName()), problems);
+            }
+            offerCopies(QFileInfo(path).absoluteFilePath());
             return;
         case ShowDocument::OpenResult::LockedByOther:
-            if (QMessageBox::question(this, tr("Open a show"), lockedText(path)) ==
-                    QMessageBox::Yes &&
+            if (MessageBox::ask(this, tr("Open a show"), lockedText(path)) == MessageBox::Yes &&
                 !paused([&] { return m_document->import(path, {}, &problems); })) {
                 report(tr("Open a show"),
                        tr("\"%1\" cannot be opened.").arg(QFileInfo(path).fileName()), problems);
@@ -65,32 +67,55 @@ void MainWindow::open(const QString& path) {
     if (!problems.isEmpty()) {
         report(tr("Open a show"), tr("Some of the show could not be read."), problems);
     }
-    const QString copy = Autosave::newerCopyOf(m_document->path());
-    if (!copy.isEmpty()) {
-        recover(copy, m_document->path());
+    offerCopies(m_document->path());
+}
+
+void MainWindow::offerCopies(const QString& show) {
+    for (const QString& copy : Autosave::copiesOf(show)) {
+        if (recover(copy, show) != Decision::Refused) {
+            return;
+        }
     }
 }
 
-void MainWindow::recover(const QString& copy, const QString& show) {
+MainWindow::Decision MainWindow::recover(const QString& copy, const QString& show) {
     const QString name = show.isEmpty() ? tr("A show that was never saved")
                                         : tr("The show \"%1\"").arg(QFileInfo(show).fileName());
     const QString when = QLocale().toString(QFileInfo(copy).lastModified(), QLocale::ShortFormat);
-    QMessageBox box(QMessageBox::Question, tr("Recover changes"),
-                    tr("%1 has changes of %2 that were not saved.").arg(name, when), {}, this);
-    const QPushButton* take = box.addButton(tr("Recover"), QMessageBox::AcceptRole);
-    const QPushButton* drop = box.addButton(tr("Delete changes"), QMessageBox::DestructiveRole);
-    box.addButton(tr("Later"), QMessageBox::RejectRole);
+    MessageBox box(MessageBox::Question, tr("Recover changes"),
+                   tr("%1 has changes of %2 that were not saved.").arg(name, when), {}, this);
+    if (!show.isEmpty() && !QFileInfo::exists(show)) {
+        box.setInformativeText(tr("The show itself is no longer there."));
+    } else if (!show.isEmpty() && QFileInfo(show).lastModified() > QFileInfo(copy).lastModified()) {
+        box.setInformativeText(tr("The show was saved after that."));
+    }
+    const QPushButton* take = box.addButton(tr("Recover"), MessageBox::AcceptRole);
+    const QPushButton* drop = box.addButton(tr("Delete changes"), MessageBox::DestructiveRole);
+    box.addButton(tr("Later"), MessageBox::RejectRole);
     box.exec();
-    QStringList problems;
     if (box.clickedButton() == take) {
-        stopPlaying();
-        if (paused([&] { return m_document->import(copy, show, &problems); })) {
-            Autosave::remove(copy);
-            autosave();
-        } else {
-            report(tr("Recover changes"), tr("The changes cannot be read."), problems);
-        }
-    } else if (box.clickedButton() == drop) {
+        takeCopy(copy, show);
+        return Decision::Taken;
+    }
+    if (box.clickedButton() == drop) {
+        Autosave::remove(copy);
+        return Decision::Refused;
+    }
+    return Decision::Later;
+}
+
+void MainWindow::takeCopy(const QString& copy, const QString& show) {
+    stopPlaying();
+    QStringList problems;
+    if (!paused([&] { return m_document->import(copy, show, &problems); })) {
+        report(tr("Recover changes"), tr("The changes cannot be read."), problems);
+        return;
+    }
+    if (!show.isEmpty()) {
+        rememberShow(show);
+    }
+    // The copy goes when the window has one of its own.
+    if (autosave()) {
         Autosave::remove(copy);
     }
 }
@@ -113,12 +138,11 @@ bool MainWindow::saveTo(const QString& path) {
             return true;
         }
     }
-    QMessageBox box(QMessageBox::Warning, tr("Save"),
-                    tr("The show could not be saved. What was on disk is unchanged."),
-                    QMessageBox::Cancel, this);
-    box.setTextFormat(Qt::PlainText);
+    MessageBox box(MessageBox::Warning, tr("Save"),
+                   tr("The show could not be saved. What was on disk is unchanged."),
+                   MessageBox::Cancel, this);
     box.setInformativeText(error);
-    const QPushButton* elsewhere = box.addButton(tr("Save &as..."), QMessageBox::AcceptRole);
+    const QPushButton* elsewhere = box.addButton(tr("Save &as..."), MessageBox::AcceptRole);
     box.exec();
     return box.clickedButton() == elsewhere && saveAs();
 }
@@ -128,15 +152,13 @@ bool MainWindow::save() {
         return saveAs();
     }
     if (m_document->isChangedOnDisk()) {
-        QMessageBox box(QMessageBox::Warning, tr("Save"),
-                        tr("Another program has changed the show \"%1\" since it was opened here.")
-                            .arg(m_document->displayName()),
-                        QMessageBox::Cancel, this);
-        box.setTextFormat(Qt::PlainText);
+        MessageBox box(MessageBox::Warning, tr("Save"),
+                       tr("Another program has changed the show \"%1\" since it was opened here.")
+                           .arg(m_document->displayName()),
+                       MessageBox::Cancel, this);
         const QAbstractButton* replace =
-            box.addButton(tr("&Replace it"), QMessageBox::DestructiveRole);
-        const QAbstractButton* elsewhere =
-            box.addButton(tr("Save &as..."), QMessageBox::AcceptRole);
+            box.addButton(tr("&Replace it"), MessageBox::DestructiveRole);
+        const QAbstractButton* elsewhere = box.addButton(tr("Save &as..."), MessageBox::AcceptRole);
         box.exec();
         if (box.clickedButton() != replace) {
             return box.clickedButton() == elsewhere && saveAs();
@@ -155,10 +177,10 @@ bool MainWindow::saveAs() {
         path += QStringLiteral(".vshow");
         // The file dialog has asked for the name without the ending.
         if (QFileInfo::exists(path) &&
-            QMessageBox::question(
+            MessageBox::ask(
                 this, tr("Save the show"),
                 tr("\"%1\" exists already. Replace it?").arg(QFileInfo(path).fileName())) !=
-                QMessageBox::Yes) {
+                MessageBox::Yes) {
             return false;
         }
     }

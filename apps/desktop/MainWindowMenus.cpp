@@ -8,6 +8,7 @@
 
 #include "desktop/Icons.h"
 #include "desktop/MainWindow.h"
+#include "desktop/MessageBox.h"
 #include "desktop/SlideView.h"
 
 namespace vellora::desktop {
@@ -113,7 +114,7 @@ void MainWindow::fillRecentMenu() {
     for (const QString& path : recentShows()) {
         QAction* item = m_recent->addAction(
             QString(QFileInfo(path).fileName()).replace(QLatin1Char('&'), QStringLiteral("&&")));
-        item->setToolTip(QDir::toNativeSeparators(path));
+        item->setToolTip(shownAsItIs(QDir::toNativeSeparators(path)));
         connect(item, &QAction::triggered, this, [this, path] { this->open(path); });
     }
     if (m_recent->isEmpty()) {

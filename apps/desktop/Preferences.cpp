@@ -4,6 +4,7 @@
 #include <QSettings>
 
 #include "common/Assets.h"
+#include "desktop/Autosave.h"
 
 namespace vellora::desktop {
 namespace {
@@ -38,7 +39,9 @@ QString Preferences::effectiveAssetsFolder() const {
 
 QStringList recentShows() {
     QStringList shows = QSettings().value(kRecentKey).toStringList();
-    shows.removeIf([](const QString& path) { return !QFileInfo::exists(path); });
+    shows.removeIf([](const QString& path) {
+        return !QFileInfo::exists(path) && Autosave::copiesOf(path).isEmpty();
+    });
     return shows;
 }
 

@@ -20,7 +20,7 @@ struct Preferences {
     [[nodiscard]] QString effectiveAssetsFolder() const;
 };
 
-/// The shows opened last, newest first.
+/// The shows opened last, newest first: those that are there, or have left an automatic copy.
 QStringList recentShows();
 void rememberShow(const QString& path);
 

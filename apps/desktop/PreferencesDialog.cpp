@@ -14,6 +14,7 @@
 
 #include "common/Assets.h"
 #include "desktop/Language.h"
+#include "desktop/MessageBox.h"
 
 namespace vellora::desktop {
 namespace {
@@ -97,7 +98,7 @@ void PreferencesDialog::fillLanguages(const QString& choice) {
     m_language->insertSeparator(m_language->count());
     m_language->addItem(tr("Other language file..."), kOtherFile);
     m_language->setCurrentIndex(m_language->findData(choice));
-    m_language->setToolTip(QDir::toNativeSeparators(choice));
+    m_language->setToolTip(shownAsItIs(QDir::toNativeSeparators(choice)));
 }
 
 void PreferencesDialog::languageActivated(int index) {

@@ -8,6 +8,8 @@
 #include <iterator>
 #include <unordered_set>
 
+#include "desktop/MessageBox.h"
+
 namespace vellora::desktop {
 namespace {
 
@@ -259,6 +261,11 @@ int SlideModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : count();
 }
 
+QString SlideModel::describe(const Slide& slide) {
+    return QDir::toNativeSeparators(slide.path()) +
+           (slide.isMissing() ? tr("\nThis file is missing. Its edits are kept.") : QString());
+}
+
 QVariant SlideModel::data(const QModelIndex& index, int role) const {
     const SlidePtr found = slide(index.row());
     if (found == nullptr) {
@@ -269,10 +276,9 @@ QVariant SlideModel::data(const QModelIndex& index, int role) const {
         case Qt::AccessibleTextRole:
             return found->caption();
         case Qt::AccessibleDescriptionRole:
+            return describe(*found);
         case Qt::ToolTipRole:
-            return QDir::toNativeSeparators(found->path()) +
-                   (found->isMissing() ? tr("\nThis file is missing. Its edits are kept.")
-                                       : QString());
+            return shownAsItIs(describe(*found));
         case SlideRole:
             return QVariant::fromValue(found);
         default:

@@ -68,6 +68,7 @@ Q_SIGNALS:
     void filesDropped(const QList<QUrl>& files, int row);
 
 private:
+    static QString describe(const Slide& slide);
     /// Whether rows of this list are dragged, not those of another window or program.
     [[nodiscard]] bool holdsOwnRows(const QMimeData& data) const;
     void removeOthers(const std::vector<SlidePtr>& kept);

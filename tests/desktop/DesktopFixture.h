@@ -1,16 +1,22 @@
 #pragma once
 
+#include <QAbstractButton>
+#include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QImage>
+#include <QMessageBox>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
+#include <csignal>
 #include <functional>
 #include <utility>
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include "desktop/Preferences.h"
 
@@ -54,6 +60,26 @@ private:
     bool m_isMounted = false;
 };
 
+/// No file grows beyond a size while it lives, as on a full disk.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytes) : m_handler(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limit{bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_handler);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    rlimit m_before{};
+    void (*m_handler)(int);
+};
+
 /// A folder with photos of plain colours, and settings that touch nobody's own.
 struct DesktopTest : testing::Test {
     DesktopTest() {
@@ -72,6 +98,27 @@ struct DesktopTest : testing::Test {
         const QString path = folder.filePath(name);
         EXPECT_TRUE(picture.save(path));
         return path;
+    }
+
+    /// Presses a button of the message box that comes next.
+    /// @param seen  Is told of the box before.
+    static void answerNext(QMessageBox::ButtonRole role,
+                           const std::function<void(const QMessageBox&)>& seen = {}) {
+        QTimer::singleShot(0, [role, seen] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            if (seen) {
+                seen(*box);
+            }
+            for (QAbstractButton* button : box->buttons()) {
+                if (box->buttonRole(button) == role) {
+                    button->click();
+                    return;
+                }
+            }
+            ADD_FAILURE() << "no such button";
+            box->reject();
+        });
     }
 
     /// Runs the event loop until something holds; fails the test after ten seconds.

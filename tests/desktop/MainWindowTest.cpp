@@ -32,22 +32,6 @@ struct MainWindowTest : DesktopTest {
         document.addFiles(paths, 0, 0);
         return document.slides().slides();
     }
-
-    /// Presses a button of the question that comes next.
-    static void answer(QMessageBox::ButtonRole role) {
-        QTimer::singleShot(0, [role] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
-            for (QAbstractButton* button : box->buttons()) {
-                if (box->buttonRole(button) == role) {
-                    button->click();
-                    return;
-                }
-            }
-            ADD_FAILURE() << "no such button";
-            box->reject();
-        });
-    }
 };
 
 TEST_F(MainWindowTest, MakesThumbnailsWhenTheyAreLookedAt) {
@@ -86,9 +70,9 @@ TEST_F(MainWindowTest, AsksBeforeChangesAreLost) {
     EXPECT_EQ(window.document().slides().count(), 1);
     EXPECT_TRUE(window.isWindowModified());
 
-    answer(QMessageBox::RejectRole);
+    answerNext(QMessageBox::RejectRole);
     EXPECT_FALSE(window.close());
-    answer(QMessageBox::DestructiveRole);
+    answerNext(QMessageBox::DestructiveRole);
     EXPECT_TRUE(window.close());
 }
 
@@ -119,7 +103,7 @@ TEST_F(MainWindowTest, OnlyWhatChangedInTheEditDialogIsAskedAbout) {
         QTest::keyClick(&window, Qt::Key_Return);
         EXPECT_EQ(window.isWindowModified(), changes);
     }
-    answer(QMessageBox::DestructiveRole);
+    answerNext(QMessageBox::DestructiveRole);
     EXPECT_TRUE(window.close());
 }
 
@@ -170,13 +154,13 @@ TEST_F(MainWindowTest, AsksBeforeAShowThatChangedOnDiskIsReplaced) {
         const auto stored = hostkit::readShow(show, &problems, &error);
         return stored ? stored->photos.size() : 0;
     };
-    answer(QMessageBox::RejectRole);
+    answerNext(QMessageBox::RejectRole);
     QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(photosOnDisk(), 2U);
     EXPECT_TRUE(window.isWindowModified());
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    answer(QMessageBox::DestructiveRole);
+    answerNext(QMessageBox::DestructiveRole);
     QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(photosOnDisk(), 3U);
     EXPECT_FALSE(window.isWindowModified());
@@ -200,7 +184,7 @@ TEST_F(MainWindowTest, AutomaticCopiesRestWhileTheShowPlays) {
     waitFor([&] { return player.isNull(); }, "the end of the slideshow");
     Q_EMIT autosave.due();
     EXPECT_EQ(copies().size(), 1);
-    answer(QMessageBox::DestructiveRole);
+    answerNext(QMessageBox::DestructiveRole);
     EXPECT_TRUE(window.close());
     EXPECT_EQ(copies(), QStringList());
 }
@@ -248,7 +232,7 @@ TEST_F(MainWindowTest, OnlyTheSlidesThatAreSeenGetThumbnails) {
     EXPECT_GT(bottom.end, bottom.begin + 4);
     Thumbnails& thumbnails = *window.findChild<Thumbnails*>();
     waitFor([&] { return !thumbnails.picture(slides.slide(199)).isNull(); }, "the last thumbnail");
-    answer(QMessageBox::DestructiveRole);
+    answerNext(QMessageBox::DestructiveRole);
     EXPECT_TRUE(window.close());
 }
 

@@ -230,7 +230,7 @@ TEST_F(ShowDocumentTest, ADiskThatTakesNothingKeepsTheOldShow) {
     Autosave autosave(document);
     autosave.update();
     EXPECT_EQ(entriesOf(QStringLiteral("disk")), before);
-    EXPECT_FALSE(Autosave::newerCopyOf(path).isEmpty()) << "kept among the program's own data";
+    EXPECT_EQ(Autosave::copiesOf(path).size(), 1) << "kept among the program's own data";
     autosave.discard();
 
     ShowDocument other;
@@ -262,7 +262,7 @@ TEST_F(ShowDocumentTest, AReadOnlyShowIsOpenedAndSavedElsewhere) {
     {
         Autosave autosave(document);
         autosave.update();
-        EXPECT_FALSE(Autosave::newerCopyOf(path).isEmpty()) << "kept among the program's own data";
+        EXPECT_EQ(Autosave::copiesOf(path).size(), 1) << "kept among the program's own data";
         autosave.discard();
     }
     EXPECT_TRUE(document.save(folder.filePath(QStringLiteral("mine.vshow")), &error));
@@ -291,14 +291,14 @@ TEST_F(ShowDocumentTest, AnAutomaticCopySurvivesACrash) {
     ASSERT_TRUE(document.save(path, &error));
     Autosave autosave(document);
     autosave.update();
-    EXPECT_TRUE(Autosave::newerCopyOf(path).isEmpty()) << "nothing to keep";
+    EXPECT_EQ(Autosave::copiesOf(path), QStringList()) << "nothing to keep";
 
     QTest::qWait(20);
     addSprite(0);
     document.markDirty();
     autosave.update();
-    const QString copy = Autosave::newerCopyOf(path);
-    ASSERT_FALSE(copy.isEmpty());
+    ASSERT_EQ(Autosave::copiesOf(path).size(), 1);
+    const QString copy = Autosave::copiesOf(path).first();
     ShowDocument recovered;
     QStringList problems;
     ASSERT_TRUE(recovered.import(copy, path, &problems));
@@ -309,7 +309,7 @@ TEST_F(ShowDocumentTest, AnAutomaticCopySurvivesACrash) {
 
     ASSERT_TRUE(document.save(path, &error));
     autosave.update();
-    EXPECT_TRUE(Autosave::newerCopyOf(path).isEmpty());
+    EXPECT_EQ(Autosave::copiesOf(path), QStringList());
     EXPECT_EQ(
         QDir(folder.path()).entryList({QStringLiteral("*autosave*")}, QDir::Files | QDir::Hidden),
         QStringList());

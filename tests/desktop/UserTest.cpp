@@ -7,9 +7,6 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QTimer>
-#include <csignal>
-
-#include <sys/resource.h>
 
 #include <vellora/model/DVDImage.h>
 #include <vellora/model/DVDImageProps.h>
@@ -22,26 +19,6 @@
 
 namespace vellora::desktop {
 namespace {
-
-/// No file grows beyond a size while it lives, as on a full disk.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t bytes) : m_handler(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk() {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handler);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-private:
-    rlimit m_before{};
-    void (*m_handler)(int);
-};
 
 struct UserTest : DesktopTest {
     QStringList photos(int count, const QString& where = {}) {
@@ -64,25 +41,6 @@ struct UserTest : DesktopTest {
     static void addSprite(const SlidePtr& slide) {
         CDVDImage& image = *slide->node()->data->image;
         image.AddSprite(new CDVDImageProps(&image, QStringLiteral("clip.png")), false);
-    }
-
-    /// Presses the button with a role in the message box that comes next.
-    static void answerNext(QMessageBox::ButtonRole role, QString* information = nullptr) {
-        QTimer::singleShot(0, [role, information] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
-            if (information != nullptr) {
-                *information = box->informativeText();
-            }
-            for (QAbstractButton* button : box->buttons()) {
-                if (box->buttonRole(button) == role) {
-                    button->click();
-                    return;
-                }
-            }
-            ADD_FAILURE() << "no such button";
-            box->close();
-        });
     }
 };
 
@@ -199,7 +157,8 @@ TEST_F(UserTest, ASaveThatFailsSaysWhyAndOffersAnotherPlace) {
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     QString information;
-    answerNext(QMessageBox::RejectRole, &information);
+    answerNext(QMessageBox::RejectRole,
+               [&](const QMessageBox& box) { information = box.informativeText(); });
     QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier);
     EXPECT_TRUE(information.contains(QStringLiteral("there is no folder")))
         << qPrintable(information);

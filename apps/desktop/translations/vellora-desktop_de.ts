@@ -511,6 +511,14 @@
         <source>&amp;Replace it</source>
         <translation>E&amp;rsetzen</translation>
     </message>
+    <message>
+        <source>The show itself is no longer there.</source>
+        <translation>Die Diashow selbst ist nicht mehr da.</translation>
+    </message>
+    <message>
+        <source>The show was saved after that.</source>
+        <translation>Die Diashow wurde danach gespeichert.</translation>
+    </message>
 </context>
 <context>
     <name>vellora::desktop::Player</name>
