@@ -20,6 +20,7 @@ namespace vellora::desktop {
 namespace {
 
 constexpr int kLargestSide = 30000;
+constexpr qint64 kMostPixels = 200'000'000;  // of a picture that `vellora render` makes
 
 QSpinBox* sideBox(const QString& name) {
     auto* box = new QSpinBox;
@@ -127,6 +128,16 @@ void ExportDialog::acceptChecked() {
     const QString folder = m_folder->text();
     if (folder.isEmpty() || !QDir().mkpath(folder) || !QFileInfo(folder).isWritable()) {
         MessageBox::warn(this, windowTitle(), tr("The folder cannot be written to."));
+        return;
+    }
+    const qint64 pixels = qint64{m_width->value()} * m_height->value();
+    if (!m_ownSize->isChecked() && pixels > kMostPixels) {
+        MessageBox::warn(this, windowTitle(),
+                         tr("%L1 by %L2 pixels are too many. A picture has at most %L3 million.")
+                             .arg(m_width->value())
+                             .arg(m_height->value())
+                             .arg(kMostPixels / 1'000'000));
+        m_width->setFocus();
         return;
     }
     QSettings settings;

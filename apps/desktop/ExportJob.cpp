@@ -153,6 +153,9 @@ void ExportJob::readReports(Worker& worker) {
         const bool succeeded = report.contains(QStringLiteral("result"));
         // A cancelled process fails with the picture at hand, which is no fault of the photo.
         if (worker.next < count() && (succeeded || !m_cancelled)) {
+            if (report.value(QStringLiteral("damaged")).toBool()) {
+                m_damaged.insert(worker.next);
+            }
             noteDone(worker.next, succeeded ? QString() : reasonFor(worker.next));
             worker.next += worker.step;
         }
@@ -195,7 +198,12 @@ void ExportJob::sumUp() {
     for (const auto& [slide, failure] : m_failures) {
         failures.append(failure);
     }
-    Q_EMIT finished(m_done - static_cast<int>(failures.size()), failures, m_done < count());
+    QStringList damaged;
+    for (const int slide : m_damaged) {
+        damaged.append(m_captions[slide]);
+    }
+    Q_EMIT finished(m_done - static_cast<int>(failures.size()), failures, m_done < count(),
+                    damaged);
 }
 
 }  // namespace vellora::desktop

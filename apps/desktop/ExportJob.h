@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 #include <map>
 #include <memory>
+#include <set>
 #include <vector>
 
 namespace vellora::desktop {
@@ -50,7 +51,9 @@ Q_SIGNALS:
     /// So many photos are done, the named one just now.
     void progressed(int done, const QString& caption);
     /// @param failures  A line for each photo that was not exported, in the order of the show.
-    void finished(int exported, const QStringList& failures, bool cancelled);
+    /// @param damaged   The exported photos whose files could be read in part only.
+    void finished(int exported, const QStringList& failures, bool cancelled,
+                  const QStringList& damaged);
 
 private:
     struct Worker;
@@ -70,6 +73,7 @@ private:
     QStringList m_paths;
     std::vector<std::unique_ptr<Worker>> m_workers;
     std::map<int, QString> m_failures;
+    std::set<int> m_damaged;
     int m_done = 0;
     int m_running = 0;
     bool m_cancelled = false;

@@ -63,24 +63,35 @@ void ExportProgress::showStep(int done, const QString& caption) {
     }
 }
 
-void ExportProgress::showSummary(int exported, const QStringList& failures, bool cancelled) {
+void ExportProgress::showSummary(int exported, const QStringList& failures, bool cancelled,
+                                 const QStringList& damaged) {
     m_running = false;
     m_bar->setValue(exported + static_cast<int>(failures.size()));
     m_caption->setText(cancelled ? tr("Cancelled after %Ln picture(s).", nullptr, exported)
                                  : tr("%Ln picture(s) exported.", nullptr, exported));
-    m_rate->setVisible(!failures.isEmpty());
-    m_rate->setText(
-        tr("%Ln photo(s) could not be exported:", nullptr, static_cast<int>(failures.size())));
-    if (!failures.isEmpty()) {
-        auto* list = new QPlainTextEdit(failures.join(QLatin1Char('\n')));
-        list->setReadOnly(true);
-        list->setObjectName(QStringLiteral("failures"));
-        list->setAccessibleName(tr("Photos that could not be exported"));
-        static_cast<QVBoxLayout*>(layout())->insertWidget(3, list);
-    }
+    m_rate->hide();
+    addList(tr("%Ln photo(s) could not be exported:", nullptr, static_cast<int>(failures.size())),
+            QStringLiteral("failures"), failures);
+    addList(tr("%Ln photo(s) could be read in part only, the file is damaged or ends early:",
+               nullptr, static_cast<int>(damaged.size())),
+            QStringLiteral("damaged"), damaged);
     m_button->setText(tr("Close"));
     m_button->setEnabled(true);
     m_button->setFocus();
+}
+
+void ExportProgress::addList(const QString& heading, const QString& name,
+                             const QStringList& lines) {
+    if (lines.isEmpty()) {
+        return;
+    }
+    auto* list = new QPlainTextEdit(lines.join(QLatin1Char('\n')));
+    list->setReadOnly(true);
+    list->setObjectName(name);
+    list->setAccessibleName(heading);
+    auto* rows = static_cast<QVBoxLayout*>(layout());
+    rows->insertWidget(rows->indexOf(m_button), new QLabel(heading));
+    rows->insertWidget(rows->indexOf(m_button), list);
 }
 
 }  // namespace vellora::desktop

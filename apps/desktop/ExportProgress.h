@@ -24,7 +24,10 @@ public:
 
 private:
     void showStep(int done, const QString& caption);
-    void showSummary(int exported, const QStringList& failures, bool cancelled);
+    void showSummary(int exported, const QStringList& failures, bool cancelled,
+                     const QStringList& damaged);
+    /// Puts a list of photos with a line above it over the button.
+    void addList(const QString& heading, const QString& name, const QStringList& lines);
 
     QLabel* m_caption;
     QProgressBar* m_bar;

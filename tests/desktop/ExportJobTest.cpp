@@ -1,9 +1,14 @@
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QSignalSpy>
+#include <QSpinBox>
 
 #include <vellora/model/DVDImage.h>
 #include <vellora/model/DVDImageProps.h>
 
 #include "DesktopFixture.h"
+#include "desktop/ExportDialog.h"
 #include "desktop/ExportJob.h"
 #include "desktop/ExportProgress.h"
 #include "desktop/ShowDocument.h"
@@ -16,6 +21,7 @@ struct Outcome {
     int exported = -1;
     QStringList failures;
     bool cancelled = false;
+    QStringList damaged;
 };
 
 /// An export of a show as it is now.
@@ -34,7 +40,8 @@ struct Exporting {
             ADD_FAILURE() << "the export does not end";
             return {};
         }
-        return {finished[0][0].toInt(), finished[0][1].toStringList(), finished[0][2].toBool()};
+        return {finished[0][0].toInt(), finished[0][1].toStringList(), finished[0][2].toBool(),
+                finished[0][3].toStringList()};
     }
 };
 
@@ -58,6 +65,21 @@ struct ExportJobTest : DesktopTest {
         Exporting run(document, options);
         run.job.start();
         return run.outcome();
+    }
+
+    /// A photo whose file ends in the middle.
+    QString cutOff(const QString& name) {
+        QImage noise(400, 300, QImage::Format_RGB32);
+        for (int y = 0; y < 300; ++y) {
+            for (int x = 0; x < 400; ++x) {
+                noise.setPixel(x, y, qRgb(x * 7 % 256, y * 5 % 256, x * y % 256));
+            }
+        }
+        const QString path = folder.filePath(name);
+        EXPECT_TRUE(noise.save(path));
+        QFile file(path);
+        EXPECT_TRUE(file.resize(file.size() / 2));
+        return path;
     }
 
     [[nodiscard]] QStringList results() const {
@@ -241,19 +263,60 @@ TEST_F(ExportJobTest, AFolderThatTakesNothingIsToldForEveryPhoto) {
 }
 
 TEST_F(ExportJobTest, TheProgressWindowSumsUp) {
-    add({photo(QStringLiteral("one.png")), photo(QStringLiteral("two.png"))});
+    add({photo(QStringLiteral("one.png")), photo(QStringLiteral("two.png")),
+         cutOff(QStringLiteral("cut.jpg"))});
     QFile::remove(document.slides().slide(0)->path());
     Exporting run(document, options);
     ExportProgress window(run.job, nullptr);
     window.show();
     QSignalSpy closed(&window, &QDialog::finished);
-    EXPECT_EQ(run.outcome().exported, 1);
+    const Outcome outcome = run.outcome();
+    EXPECT_EQ(outcome.exported, 2);
+    EXPECT_EQ(outcome.damaged, QStringList{QStringLiteral("cut.jpg")});
     EXPECT_EQ(closed.size(), 0) << "the summary stays until it is read";
     const auto* list = window.findChild<QWidget*>(QStringLiteral("failures"));
     ASSERT_NE(list, nullptr);
     EXPECT_TRUE(list->property("plainText").toString().startsWith(QStringLiteral("one.png: ")));
+    const auto* damaged = window.findChild<QWidget*>(QStringLiteral("damaged"));
+    ASSERT_NE(damaged, nullptr);
+    EXPECT_EQ(damaged->property("plainText").toString(), QStringLiteral("cut.jpg"));
+    waitFor([&] { return list->isVisible() && damaged->isVisible(); }, "the lists");
     window.reject();
     EXPECT_EQ(closed.size(), 1);
+}
+
+TEST_F(ExportJobTest, TheDialogRefusesSizesThatNoPictureHas) {
+    ExportDialog dialog(1, nullptr);
+    dialog.findChild<QLineEdit*>()->setText(options.folder);
+    const QList<QSpinBox*> sides = dialog.findChildren<QSpinBox*>().first(2);
+    auto* ownSize = dialog.findChild<QCheckBox*>();
+    ownSize->setChecked(false);
+    QPushButton* start = nullptr;
+    for (QPushButton* button : dialog.findChildren<QPushButton*>()) {
+        start = button->text() == u"E&xport" ? button : start;
+    }
+    ASSERT_NE(start, nullptr);
+    const auto accepts = [&](int width, int height) {
+        dialog.show();
+        sides[0]->setValue(width);
+        sides[1]->setValue(height);
+        start->click();
+        return !dialog.isVisible();
+    };
+    QString told;
+    answerNext(QMessageBox::AcceptRole, [&](const QMessageBox& box) { told = box.text(); });
+    EXPECT_FALSE(accepts(20'000, 10'001));
+    EXPECT_EQ(told, u"20,000 by 10,001 pixels are too many. A picture has at most 200 million.");
+    EXPECT_TRUE(accepts(20'000, 10'000));
+    ownSize->setChecked(true);
+    EXPECT_TRUE(accepts(30'000, 30'000)) << "the size does not count";
+
+    // The bound is that of the program that renders.
+    add({photo(QStringLiteral("one.png"))});
+    options.size = {20'000, 10'001};
+    EXPECT_EQ(exportAll().exported, 0);
+    options.size = {20'000, 10'000};
+    EXPECT_EQ(exportAll().exported, 1);
 }
 
 }  // namespace

@@ -176,6 +176,10 @@
         <source>The folder cannot be written to.</source>
         <translation>In diesen Ordner kann nicht geschrieben werden.</translation>
     </message>
+    <message>
+        <source>%L1 by %L2 pixels are too many. A picture has at most %L3 million.</source>
+        <translation>%L1 mal %L2 Pixel sind zu viele. Ein Bild hat höchstens %L3 Millionen.</translation>
+    </message>
 </context>
 <context>
     <name>vellora::desktop::ExportJob</name>
@@ -236,12 +240,15 @@
         </translation>
     </message>
     <message>
-        <source>Photos that could not be exported</source>
-        <translation>Fotos, die nicht exportiert werden konnten</translation>
-    </message>
-    <message>
         <source>Close</source>
         <translation>Schließen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln photo(s) could be read in part only, the file is damaged or ends early:</source>
+        <translation>
+            <numerusform>%Ln Foto konnte nur zum Teil gelesen werden, die Datei ist beschädigt oder endet zu früh:</numerusform>
+            <numerusform>%Ln Fotos konnten nur zum Teil gelesen werden, die Dateien sind beschädigt oder enden zu früh:</numerusform>
+        </translation>
     </message>
 </context>
 <context>

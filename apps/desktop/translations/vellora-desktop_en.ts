@@ -34,6 +34,13 @@
             <numerusform>%Ln photos could not be exported:</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln photo(s) could be read in part only, the file is damaged or ends early:</source>
+        <translation>
+            <numerusform>%Ln photo could be read in part only, the file is damaged or ends early:</numerusform>
+            <numerusform>%Ln photos could be read in part only, the files are damaged or end early:</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>vellora::desktop::MainWindow</name>
