@@ -13,6 +13,7 @@
 #include <vellora/host/HostMessage.h>
 
 #include "desktop/Autosave.h"
+#include "desktop/DroppedFiles.h"
 #include "desktop/ExportDialog.h"
 #include "desktop/ExportProgress.h"
 #include "desktop/Language.h"
@@ -29,16 +30,6 @@ namespace {
 
 constexpr unsigned kSlideChanged = 1;
 constexpr int kMessageMs = 5000;
-
-QStringList localPaths(const QList<QUrl>& urls) {
-    QStringList paths;
-    for (const QUrl& url : urls) {
-        if (url.isLocalFile()) {
-            paths.append(url.toLocalFile());
-        }
-    }
-    return paths;
-}
 
 /// "Undo: Remove photos"
 QString withSubject(const QString& command, const QString& subject) {
@@ -80,8 +71,10 @@ MainWindow::MainWindow()
         m_thumbnails->clear();
         updateState();
     });
-    connect(&slides, &SlideModel::filesDropped, this,
-            [this](const QList<QUrl>& urls, int row) { addFiles(localPaths(urls), row); });
+    connect(&slides, &SlideModel::filesDropped, this, [this](const QList<QUrl>& urls, int row) {
+        const DroppedFiles dropped(urls);
+        addFiles(dropped.paths, row, dropped.refused);
+    });
     connect(&slides.history(), &QUndoStack::indexChanged, this, &MainWindow::updateState);
     connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &MainWindow::updateState);
@@ -248,14 +241,15 @@ void MainWindow::addPhotos() {
              m_document->slides().count());
 }
 
-void MainWindow::addFiles(const QStringList& paths, int row) {
-    if (paths.isEmpty()) {
+void MainWindow::addFiles(const QStringList& paths, int row, QStringList refused) {
+    if (paths.isEmpty() && refused.isEmpty()) {
         return;
     }
     QApplication::setOverrideCursor(Qt::WaitCursor);
     SlideModel& slides = m_document->slides();
     const int before = slides.count();
-    const QStringList refused = m_document->addFiles(paths, row, m_preferences.background);
+    refused += m_document->addFiles(paths, row, m_preferences.background);
+    refused += namelessFilesIn(paths);
     QApplication::restoreOverrideCursor();
     if (const int added = slides.count() - before; added > 0) {
         const QModelIndex first = slides.index(std::clamp(row, 0, before));

@@ -90,7 +90,8 @@ private:
     bool mayLeaveShow();
 
     void addPhotos();
-    void addFiles(const QStringList& paths, int row);
+    /// @param refused  Named along with the files that are no photos.
+    void addFiles(const QStringList& paths, int row, QStringList refused = {});
     void removeSelected();
     void undo();
     void redo();

@@ -7,6 +7,10 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QTimer>
+#include <cstdio>
+#include <fstream>
+#include <string>
+#include <vector>
 
 #include <vellora/model/DVDImage.h>
 #include <vellora/model/DVDImageProps.h>
@@ -233,6 +237,32 @@ TEST_F(UserTest, TheTitleShowsTheNameAsItIs) {
     QString error;
     ASSERT_TRUE(window.document().save(folder.filePath(QStringLiteral("a[*]b.vshow")), &error));
     EXPECT_EQ(window.windowTitle(), u"a[*][*]b[*] - Vellora");
+}
+
+TEST_F(UserTest, FilesThatCannotBeNamedAreTold) {
+    MainWindow window;
+    window.show();
+    const QString tour = folder.filePath(QStringLiteral("tour"));
+    ASSERT_TRUE(QDir(tour).mkpath(QStringLiteral(".hidden")));
+    photo(QStringLiteral("tour/fine.png"));
+    const std::string start = QFile::encodeName(tour).toStdString();
+    const std::vector<std::string> nameless{start + "/caf\xe9.png", start + "/.hidden/\xe9.png"};
+    for (const std::string& file : nameless) {
+        std::ofstream(file) << "a photo";
+    }
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(tour), QUrl(QStringLiteral("https://localhost/web.png")),
+                  QUrl(QStringLiteral("file:///d%E9.png"))});
+    QString told;
+    answerNext(QMessageBox::AcceptRole,
+               [&](const QMessageBox& box) { told = box.informativeText(); });
+    window.document().slides().dropMimeData(&data, Qt::CopyAction, 0, 0, {});
+    EXPECT_EQ(told, QString::fromUtf8("https://localhost/web.png\nd\uFFFD.png\ncaf\uFFFD.png"));
+    EXPECT_EQ(window.document().slides().count(), 1);
+    window.document().startNew();
+    for (const std::string& file : nameless) {
+        std::remove(file.c_str());
+    }
 }
 
 TEST_F(UserTest, ADragShowsWhereItGoes) {
