@@ -6,6 +6,8 @@
 #include <vellora/model/DVDImageProps.h>
 #include <vellora/text/EffectCatalogue.h>
 
+#include "base/PictureReader.h"
+
 namespace vellora {
 namespace {
 
@@ -34,6 +36,16 @@ void checkClip(const XmlNode& node, Findings& findings) {
     }
 }
 
+void checkPicture(const XmlNode& file, const QString& path, Findings& findings) {
+    QImageReader reader(path);
+    const PictureKind kind = preparePicture(reader);
+    if (kind == PictureKind::TooLarge) {
+        findings.add(file, QStringLiteral("texture %1 is too large").arg(path));
+    } else if (kind == PictureKind::NoPicture || reader.size().isEmpty()) {
+        findings.add(file, QStringLiteral("texture %1 is no picture").arg(path));
+    }
+}
+
 void checkTexture(const XmlNode& layer, const QString& baseFolder, Findings& findings) {
     const XmlNode file = layer.Child("file");
     const QString name = file.Attribute("name");
@@ -47,8 +59,8 @@ void checkTexture(const XmlNode& layer, const QString& baseFolder, Findings& fin
                      QStringLiteral("texture %1 lies outside the folder of textures").arg(name));
     } else if (!QFileInfo(path).isFile()) {
         findings.add(file, QStringLiteral("texture %1 is missing").arg(path));
-    } else if (!QImageReader(path).size().isValid()) {
-        findings.add(file, QStringLiteral("texture %1 is no picture").arg(path));
+    } else {
+        checkPicture(file, path, findings);
     }
 }
 

@@ -100,6 +100,13 @@ TEST_F(ProjectCheckTest, LooksIntoTexts) {
     QFile broken(m_folder.filePath("texteffect/texture/broken.png"));
     ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
     broken.close();
+    const auto write = [&](const char* name, const QByteArray& bytes) {
+        QFile file(m_folder.filePath(QLatin1String("texteffect/texture/") + QLatin1String(name)));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    };
+    write("huge.png", "P6 20000 20000 255\n");
+    write("drawing.png", "<svg xmlns='http://www.w3.org/2000/svg' width='8' height='8'/>");
     const QByteArray head =
         "<ZEV_Photo_Info><Album_Data sprite_count='1'><Sprite_Data id='0' type='text'>\n"
         "<text x0='1' y0='1' font='Arial' color='0x1' size='9' bold='0' italic='0' underline='0' "
@@ -125,6 +132,14 @@ TEST_F(ProjectCheckTest, LooksIntoTexts) {
               "3:23 texture DIR/texteffect/texture/broken.png is no picture\n"
               "4:48 color2 \"no\" is no number\n"
               "4:48 angle is missing\n");
+    EXPECT_EQ(found(head +
+                    "<text_effect font_name='A' font_size='7' border='true'>\n"
+                    "<face style='texture'><file name='huge.png'/></face>\n"
+                    "<border size='1' style='texture'><file name='drawing.png'/></border>"
+                    "</text_effect>" +
+                    tail),
+              "3:23 texture DIR/texteffect/texture/huge.png is too large\n"
+              "4:34 texture DIR/texteffect/texture/drawing.png is no picture\n");
 }
 
 TEST_F(ProjectCheckTest, SaysWhyAFileIsNoProject) {
