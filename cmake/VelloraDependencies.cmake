@@ -1,5 +1,6 @@
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Svg Widgets)
 find_package(OpenCvCoreImgproc REQUIRED)
 find_package(JPEG REQUIRED)
+find_package(ZLIB REQUIRED)
 find_package(pugixml REQUIRED)
 find_path(SIMPLEINI_INCLUDE_DIR SimpleIni.h REQUIRED)

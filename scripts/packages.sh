@@ -10,7 +10,7 @@ packages="
     libopencv-core-dev libopencv-imgproc-dev
     qt6-base-dev qt6-svg-dev qt6-image-formats-plugins
     qt6-l10n-tools qt6-translations-l10n
-    libjpeg62-turbo-dev libpugixml-dev libsimpleini-dev libcli11-dev
+    libjpeg62-turbo-dev zlib1g-dev libpugixml-dev libsimpleini-dev libcli11-dev
     libgtest-dev libbenchmark-dev
     fonts-dejavu-core fonts-liberation
     imagemagick parallel python3 xvfb zsh

@@ -34,12 +34,28 @@ QString FieldReader::text(const QString& key) {
     return value.toString();
 }
 
+QString FieldReader::text(const QString& key, int mostCharacters) {
+    const QString value = text(key);
+    if (value.size() > mostCharacters) {
+        warn(key, QT_TRANSLATE_NOOP("hostkit", "a shorter text; its end is cut off"));
+    }
+    return value;
+}
+
 bool FieldReader::boolean(const QString& key) {
     const QJsonValue value = take(key);
     if (!value.isUndefined() && !value.isBool()) {
         warn(key, QT_TRANSLATE_NOOP("hostkit", "true or false"));
     }
     return value.toBool();
+}
+
+double FieldReader::number(const QString& key, double fallback) {
+    const QJsonValue value = take(key);
+    if (!value.isUndefined() && !value.isDouble()) {
+        warn(key, QT_TRANSLATE_NOOP("hostkit", "a number"));
+    }
+    return value.toDouble(fallback);
 }
 
 int FieldReader::whole(const QString& key, int fallback) {

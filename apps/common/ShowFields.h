@@ -17,7 +17,10 @@ public:
     FieldReader(QJsonObject object, QString place, QStringList* warnings);
 
     QString text(const QString& key);
+    /// The same, warned of where it is longer than will be kept.
+    QString text(const QString& key, int mostCharacters);
     bool boolean(const QString& key);
+    double number(const QString& key, double fallback);
     int whole(const QString& key, int fallback);
     /// A quarter-turn angle: 0, 90, 180 or 270.
     int rotation(const QString& key);

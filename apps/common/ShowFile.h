@@ -54,8 +54,18 @@ QString defaultProjectPath(const QString& showFile);
 /// Whether a path names a show by its ending.
 bool isShowFile(const QString& path);
 
+/// The path of a file, which need not be there yet, without links.
+QString realPath(const QString& file);
+
+/// A file beside a show with its name and another ending; beside the file itself for a link.
+QString besideShow(const QString& showFile, const QString& ending);
+
+/// Whether the path of a photo is short enough for a host record.
+bool fitsRecord(const QString& path);
+
 /// Fills the fields of a host record that a show keeps.
-/// @return False when the path is longer than the record can hold; the record is then unchanged.
+/// @return False when the path is longer than the record can hold; it is then left empty, which
+///         makes a photo that cannot be found.
 bool toRecord(const ShowPhoto& photo, _PHOTO_LIST_NODE& record);
 
 /// Reads the fields back, for instance after the edit dialog; `unknown` stays as it is.

@@ -15,9 +15,27 @@ namespace {
 
 constexpr qint64 kLeastRoom = 1 << 20;
 
-QString besideShow(const QString& showFile, const char* ending) {
-    const QFileInfo info(showFile);
-    return info.absoluteDir().filePath(info.completeBaseName() + QLatin1String(ending));
+constexpr int kProjectNames = 10;
+
+/// One of the names that the project files of a show have in turn.
+QString projectName(const QString& showFile, int number) {
+    switch (number) {
+        case 0:
+            return defaultProjectPath(showFile);
+        case 1:
+            return besideShow(showFile, QStringLiteral(".alt.xml"));
+        default:
+            return besideShow(showFile, QStringLiteral(".alt%1.xml").arg(number));
+    }
+}
+
+bool isProjectName(const QString& showFile, const QString& project) {
+    for (int number = 0; number < kProjectNames; ++number) {
+        if (project == projectName(showFile, number)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 /// The project file that the show on disk names; empty when there is no such show.
@@ -26,6 +44,35 @@ QString projectOnDisk(const QString& showFile) {
     QString error;
     const std::optional<Show> show = readShow(showFile, &warnings, &error);
     return show ? show->projectPath : QString();
+}
+
+/// Whether another show in the same folder names the project file.
+bool isNamedByAnother(const QString& project, const QString& showFile) {
+    const QFileInfo own(showFile);
+    const QDir folder = QFileInfo(project).absoluteDir();
+    for (const QFileInfo& info :
+         folder.entryInfoList({QStringLiteral("*.vshow")}, QDir::Files | QDir::Hidden)) {
+        if (info.canonicalFilePath() != own.canonicalFilePath() &&
+            projectOnDisk(info.filePath()) == project) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// The project file for the next save: not the one that the show names now, none of another show
+/// and, under the usual name, none that is there. What else is there was left by a save that was
+/// interrupted.
+QString nextProject(const QString& showFile, const QString& old) {
+    for (int number = 0; number < kProjectNames; ++number) {
+        const QString name = projectName(showFile, number);
+        const bool isFree =
+            !QFile::exists(name) || (number > 0 && !isNamedByAnother(name, showFile));
+        if (name != old && isFree) {
+            return name;
+        }
+    }
+    return {};
 }
 
 /// Why a file could not be written, as far as its folder tells.
@@ -67,18 +114,13 @@ QString loadEdits(const Show& show, CImageObj& document) {
 }
 
 bool saveShow(const QString& file, Show& show, CImageObj& document, QString* error) {
-    const QString usual = defaultProjectPath(file);
-    const QString first = besideShow(file, ".alt.xml");
-    const QString second = besideShow(file, ".alt2.xml");
     const QString old = projectOnDisk(file);
-    const bool isOurs = (old == usual || old == first || old == second) && problemOf(old).isEmpty();
-    QString target = usual;
-    if (old == usual || old == second || (old != first && QFile::exists(usual))) {
-        target = first;
-    } else if (old == first && QFile::exists(usual)) {
-        target = second;
+    const bool isOurs = isProjectName(file, old) && problemOf(old).isEmpty();
+    const QString target = nextProject(file, old);
+    if (target.isEmpty()) {
+        *error = QCoreApplication::translate("hostkit", "the names of its project file are taken");
+        return false;
     }
-
     if (document.SaveToXMLFile(target) != S_OK) {
         *error = obstacleOf(target);
         return false;
@@ -89,7 +131,7 @@ bool saveShow(const QString& file, Show& show, CImageObj& document, QString* err
         QFile::remove(target);
         return false;
     }
-    if (isOurs) {
+    if (isOurs && !isNamedByAnother(old, file)) {
         QFile::remove(old);
     }
     return true;

@@ -14,7 +14,7 @@ namespace vellora::desktop {
 namespace {
 
 QString lockPath(const QString& show) {
-    const QFileInfo info(show);
+    const QFileInfo info(hostkit::realPath(show));
     return info.absoluteDir().filePath(QStringLiteral(".%1.lock").arg(info.fileName()));
 }
 
@@ -119,7 +119,7 @@ bool ShowDocument::load(const QString& source, QStringList* problems) {
 }
 
 ShowDocument::OpenResult ShowDocument::open(const QString& path, QStringList* problems) {
-    const QString full = QFileInfo(path).absoluteFilePath();
+    const QString full = hostkit::realPath(path);
     std::unique_ptr<QLockFile> previous;
     if (full != m_path) {
         previous = std::move(m_lock);
@@ -175,7 +175,7 @@ QByteArray ShowDocument::contents() {
 }
 
 bool ShowDocument::save(const QString& path, QString* error) {
-    const QString full = QFileInfo(path).absoluteFilePath();
+    const QString full = hostkit::realPath(path);
     std::unique_ptr<QLockFile> previous;
     if (full != m_path) {
         previous = std::move(m_lock);
@@ -208,6 +208,10 @@ QStringList ShowDocument::addFiles(const QStringList& paths, int row, COLORREF b
         }
         hostkit::ShowPhoto photo;
         photo.path = QFileInfo(path).absoluteFilePath();
+        if (!hostkit::fitsRecord(photo.path)) {
+            refused.append(QFileInfo(path).fileName());
+            return;
+        }
         photo.rotation = info.rotation;
         photo.flipX = info.flip_x != 0;
         photo.flipY = info.flip_y != 0;

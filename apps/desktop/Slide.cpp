@@ -35,9 +35,8 @@ hostkit::ShowPhoto Slide::toShow() const {
 }
 
 void Slide::relocate(const QString& path) {
-    hostkit::ShowPhoto photo = toShow();
-    photo.path = path;
-    if (hostkit::toRecord(photo, m_record)) {
+    if (hostkit::fitsRecord(path)) {
+        setHostText(m_record.path, path);
         m_path = path;
     }
     checkFile();

@@ -1,7 +1,11 @@
 #include "base/JpegScans.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QtEndian>
+#include <algorithm>
+
+#include "base/PictureReader.h"
 
 namespace vellora {
 namespace {
@@ -42,12 +46,13 @@ bool hasExcessiveScans(QByteArrayView data) {
 
 bool fileHasExcessiveScans(const QString& path) {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
         return false;
     }
-    const uchar* mapped = file.map(0, file.size());
+    const qint64 size = std::min<qint64>(file.size(), kMaxJpegBytes);
+    const uchar* mapped = file.map(0, size);
     return mapped != nullptr &&
-           hasExcessiveScans(QByteArrayView(reinterpret_cast<const char*>(mapped), file.size()));
+           hasExcessiveScans(QByteArrayView(reinterpret_cast<const char*>(mapped), size));
 }
 
 }  // namespace vellora

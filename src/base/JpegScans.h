@@ -12,7 +12,8 @@ inline constexpr int kMostJpegScans = 100;
 /// Whether this is a JPEG picture with more scans. Decoders other than ours would read them all.
 bool hasExcessiveScans(QByteArrayView data);
 
-/// The same for a file; false where it cannot be read.
+/// The same for a file, of which no more is read than a picture may have; false where it cannot be
+/// read.
 bool fileHasExcessiveScans(const QString& path);
 
 }  // namespace vellora

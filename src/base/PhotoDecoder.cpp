@@ -4,7 +4,6 @@
 #include <QImageReader>
 #include <csetjmp>
 #include <cstdio>
-#include <mutex>
 
 #include <jpeglib.h>
 #include <opencv2/core/core_c.h>
@@ -12,13 +11,10 @@
 
 #include "base/ImageView.h"
 #include "base/JpegScans.h"
+#include "base/PictureReader.h"
 
 namespace vellora {
 namespace {
-
-bool isWithinLimit(std::int64_t width, std::int64_t height) {
-    return width > 0 && height > 0 && width * height <= kMaxDecodedPixels;
-}
 
 /// The pixels of an Adobe CMYK file are stored inverted, so that 255 means no ink.
 void convertCmykRow(const JSAMPLE* cmyk, int width, uchar* bgr) {
@@ -142,11 +138,14 @@ DecodedPhoto decodeJpeg(const QString& path) {
         start[1] != '\xD8' || start[2] != '\xFF') {
         return {};
     }
-    const QByteArray data = file.readAll();
+    if (file.size() > kMaxJpegBytes) {
+        return {};
+    }
+    const QByteArray data = file.read(file.size());
     JpegReader reader;
     if (!reader.open(reinterpret_cast<const uchar*>(data.constData()),
                      static_cast<std::size_t>(data.size())) ||
-        !isWithinLimit(reader.width(), reader.height())) {
+        !isDecodable(reader.width(), reader.height())) {
         return {};
     }
     DecodedPhoto photo;
@@ -158,29 +157,14 @@ DecodedPhoto decodeJpeg(const QString& path) {
     return photo;
 }
 
-void raiseReaderLimit() {
-    static std::once_flag raised;
-    std::call_once(raised, [] {
-        // 16 bits per channel with alpha is the largest pixel that Qt makes.
-        constexpr int kMegabytes = static_cast<int>(kMaxDecodedPixels * 8 / (1024 * 1024)) + 1;
-        const int current = QImageReader::allocationLimit();
-        if (current != 0 && current < kMegabytes) {
-            QImageReader::setAllocationLimit(kMegabytes);
-        }
-    });
-}
-
 DecodedPhoto decodeWithQt(const QString& path) {
-    raiseReaderLimit();
     QImageReader reader(path);
     reader.setAutoTransform(false);
-    reader.setDecideFormatFromContent(true);
-    const QSize size = reader.size();
-    if (size.isValid() && !isWithinLimit(size.width(), size.height())) {
+    if (preparePicture(reader) != PictureKind::Readable) {
         return {};
     }
     const QImage picture = reader.read();
-    if (picture.isNull() || !isWithinLimit(picture.width(), picture.height())) {
+    if (!isDecodable(picture.width(), picture.height())) {
         return {};
     }
     return {toBgr(picture), false};

@@ -5,6 +5,7 @@
 #include <vellora/host/Language.h>
 
 #include "base/JpegScans.h"
+#include "base/PictureReader.h"
 #include "base/StringTable.h"
 #include "host/LanguageFile.h"
 
@@ -20,7 +21,13 @@ QString withLineFeeds(QString text) {
 
 QImage loadPicture(const QString& name) {
     const auto path = languagePicturePath(name);
-    return path && !fileHasExcessiveScans(*path) ? QImageReader(*path).read() : QImage();
+    if (!path) {
+        return {};
+    }
+    QImageReader reader(*path);
+    return preparePicture(reader) == PictureKind::Readable && !fileHasExcessiveScans(*path)
+               ? reader.read()
+               : QImage();
 }
 
 bool hasProperty(const QObject& object, const char* name) {

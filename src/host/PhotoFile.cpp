@@ -6,7 +6,7 @@
 #include <vellora/host/PhotoFile.h>
 
 #include "base/JpegScans.h"
-#include "base/PhotoDecoder.h"
+#include "base/PictureReader.h"
 #include "base/StageFit.h"
 
 namespace vellora {
@@ -84,16 +84,14 @@ bool ReadPhotoInfo(const QString& path, PhotoInfo* info, QString* reason) {
     if (const QString why = obstacle(QFileInfo(path)); !why.isEmpty()) {
         return refuse(why);
     }
-    raiseReaderLimit();
     QImageReader reader(path);
     reader.setAutoTransform(false);
-    reader.setDecideFormatFromContent(true);
-    const QImageIOHandler::Transformations tag = reader.transformation();
-    const QSize size = sizeOf(reader);
+    const PictureKind kind = preparePicture(reader);
+    const QSize size = kind == PictureKind::NoPicture ? QSize() : sizeOf(reader);
     if (size.isEmpty()) {
         return refuse(QCoreApplication::translate("vellora", "is not a picture that can be read"));
     }
-    if (qint64{size.width()} * size.height() > kMaxDecodedPixels) {
+    if (!isDecodable(size.width(), size.height())) {
         return refuse(QCoreApplication::translate(
                           "vellora", "has %1 x %2 pixels, more than the %3 million that are read")
                           .arg(size.width())
@@ -103,7 +101,7 @@ bool ReadPhotoInfo(const QString& path, PhotoInfo* info, QString* reason) {
     *info = {};
     info->width = size.width();
     info->height = size.height();
-    setOrientation(*info, tag);
+    setOrientation(*info, reader.transformation());
     setSizes(*info);
     return true;
 }

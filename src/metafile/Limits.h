@@ -28,6 +28,9 @@ inline constexpr double kFrameFillWork = 2'048;
 inline constexpr double kItemWork = 12;
 /// For each point of a line, beside those of its outline.
 inline constexpr double kStrokeWork = 4;
+/// Crossings of edges that cost as much as one unit, on a picture of `kWorkSide` pixels.
+inline constexpr double kEdgeSteps = 128;
+inline constexpr double kWorkSide = 1'000;
 inline constexpr double kGlyphWork = 40;
 inline constexpr double kFontWork = 4'096;
 
@@ -40,6 +43,7 @@ public:
         return !isExhausted();
     }
     bool isExhausted() const { return !(m_left >= 0); }
+    double spent() const { return kMaxWork - m_left; }
 
 private:
     double m_left = kMaxWork;

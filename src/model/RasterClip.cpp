@@ -7,7 +7,7 @@
 #include <opencv2/imgproc.hpp>
 
 #include "base/JpegScans.h"
-#include "base/PhotoDecoder.h"
+#include "base/PictureReader.h"
 #include "model/ClipDecoders.h"
 #include "model/ClipPicture.h"
 
@@ -64,15 +64,17 @@ private:
 }  // namespace
 
 std::shared_ptr<const ClipPicture> decodeRasterClip(const QString& path, QString& reason) {
-    raiseReaderLimit();
     QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
-    const QSize size = reader.size();
-    if (size.isValid() &&
-        static_cast<std::int64_t>(size.width()) * size.height() > kMaxDecodedPixels) {
-        reason = QStringLiteral("the picture is too large");
-        return nullptr;
+    switch (preparePicture(reader)) {
+        case PictureKind::NoPicture:
+            reason = QStringLiteral("not a picture that can be read");
+            return nullptr;
+        case PictureKind::TooLarge:
+            reason = QStringLiteral("the picture is too large");
+            return nullptr;
+        case PictureKind::Readable:
+            break;
     }
     if (fileHasExcessiveScans(path)) {
         reason = QStringLiteral("the picture has too many scans");

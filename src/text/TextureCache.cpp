@@ -6,7 +6,7 @@
 
 #include "base/FileCache.h"
 #include "base/JpegScans.h"
-#include "base/PhotoDecoder.h"
+#include "base/PictureReader.h"
 
 namespace vellora {
 namespace {
@@ -21,13 +21,12 @@ struct Texture {
 };
 
 std::shared_ptr<const Texture> readTexture(const QString& path) {
-    raiseReaderLimit();
     QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
+    if (preparePicture(reader) != PictureKind::Readable || fileHasExcessiveScans(path)) {
+        return nullptr;
+    }
     const QSize size = reader.size();
-    // A drawing may name further files, and those could lie anywhere.
-    if (reader.format().startsWith("svg") || size.isEmpty() ||
-        qint64{size.width()} * size.height() > kMaxDecodedPixels || fileHasExcessiveScans(path)) {
+    if (size.isEmpty()) {
         return nullptr;
     }
     if (size.width() > kMaxSide || size.height() > kMaxSide) {

@@ -1,9 +1,11 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <csignal>
 #include <random>
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <vellora/base/HostText.h>
 
@@ -93,6 +95,49 @@ TEST_F(ShowFileTest, GoesThroughTheHostRecord) {
     EXPECT_TRUE(toRecord(tooLong, record));
 }
 
+TEST_F(ShowFileTest, APhotoOfALongPathKeepsItsFields) {
+    const QString path = QStringLiteral("/") + QString(600, QLatin1Char('p'));
+    const auto show = read(R"({"format": "vellora-show", "photos": [{"title": "Lake", "path": ")" +
+                           path.toUtf8() + R"("}]})");
+    ASSERT_TRUE(show);
+    EXPECT_EQ(warnings.size(), 1);
+    _PHOTO_LIST_NODE record{};
+    EXPECT_FALSE(toRecord(show->photos[0], record));
+    EXPECT_EQ(hostText(record.title), QStringLiteral("Lake"));
+    EXPECT_EQ(hostText(record.path), QString());
+}
+
+TEST_F(ShowFileTest, TellsOfTextsThatTheRecordCannotHold) {
+    ASSERT_TRUE(read(R"({"format": "vellora-show", "photos": [{"path": "a", "title": ")" +
+                     QByteArray(150, 't') + R"("}, {"path": "b", "title": ")" +
+                     QByteArray(20, 't') + R"("}]})"));
+    EXPECT_EQ(warnings.size(), 1);
+}
+
+TEST_F(ShowFileTest, TakesAColonInFrontForPartOfTheName) {
+    Show show;
+    show.photos.resize(1);
+    show.photos[0].path = folder.filePath(QStringLiteral("x/:a.png"));
+    show.photos[0].path.remove(QStringLiteral("x/"));
+    ASSERT_TRUE(writeShow(file, show, &error));
+    EXPECT_EQ(readShow(file, &warnings, &error)->photos[0].path, show.photos[0].path);
+    const auto typed = read(R"({"format": "vellora-show", "photos": [{"path": ":a.png"}]})");
+    EXPECT_EQ(typed->photos[0].path, show.photos[0].path);
+}
+
+TEST_F(ShowFileTest, BelongsWhereTheFileIsAndNotTheLinkToIt) {
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("links")));
+    const QString link = folder.filePath(QStringLiteral("links/other.vshow"));
+    ASSERT_TRUE(read(kFull));
+    ASSERT_TRUE(QFile::link(file, link));
+    const auto show = readShow(link, &warnings, &error);
+    EXPECT_EQ(show->photos[0].path, folder.filePath(QStringLiteral("a b.jpg")));
+    EXPECT_EQ(defaultProjectPath(link), folder.filePath(QStringLiteral("show.xml")));
+    ASSERT_TRUE(writeShow(link, *show, &error));
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
+    EXPECT_EQ(readShow(file, &warnings, &error)->photos[0].path, show->photos[0].path);
+}
+
 TEST_F(ShowFileTest, NamesTheLineOfBadJson) {
     EXPECT_FALSE(read("{\n \"format\": \"vellora-show\",\n  oops }"));
     EXPECT_TRUE(error.contains(QStringLiteral("line 3, column"))) << qPrintable(error);
@@ -141,6 +186,24 @@ TEST_F(ShowFileTest, AFailedWriteLeavesTheOldFile) {
     EXPECT_FALSE(writeShow(folder.filePath(QStringLiteral("no/dir.vshow")), *show, &error));
     EXPECT_FALSE(error.isEmpty());
     EXPECT_TRUE(QFile::exists(file));
+}
+
+// The last part of a file is written when it is closed.
+TEST_F(ShowFileTest, AFullDiskLeavesTheOldFile) {
+    auto show = read(kFull);
+    ASSERT_TRUE(show);
+    show->photos.resize(20, show->photos[0]);
+    rlimit limit{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limit), 0);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{1024, limit.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    const bool written = writeShow(file, *show, &error);
+    setrlimit(RLIMIT_FSIZE, &limit);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_FALSE(written);
+    EXPECT_FALSE(error.isEmpty());
+    EXPECT_EQ(readShow(file, &warnings, &error)->photos.size(), 2U);
 }
 
 TEST_F(ShowFileTest, SurvivesMutatedFiles) {

@@ -77,6 +77,24 @@ TEST_F(ShowStoreTest, LeavesAProjectFileOfAnotherOriginAlone) {
     EXPECT_EQ(other.readAll(), "mine");
 }
 
+TEST_F(ShowStoreTest, LeavesTheProjectFilesOfOtherShowsAlone) {
+    const QString own = file;
+    file = folder.filePath(QStringLiteral("show.alt.vshow"));
+    ASSERT_TRUE(save(4));  // in show.alt.xml
+    file = own;
+    ASSERT_TRUE(save(1));
+    const QString copy = folder.filePath(QStringLiteral("copy.vshow"));
+    ASSERT_TRUE(QFile::copy(file, copy));
+    for (const int sprites : {2, 3, 5}) {
+        ASSERT_TRUE(save(sprites));
+        EXPECT_EQ(load(), sprites);
+    }
+    file = copy;
+    EXPECT_EQ(load(), 1) << "a copy names the same project file";
+    file = folder.filePath(QStringLiteral("show.alt.vshow"));
+    EXPECT_EQ(load(), 4);
+}
+
 TEST_F(ShowStoreTest, ADamagedProjectFileIsToldAndNeverRemoved) {
     ASSERT_TRUE(save(2));
     const QString project = folder.filePath(QStringLiteral("show.xml"));

@@ -7,6 +7,7 @@
 #include <limits>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <vellora/text/EffectCatalogue.h>
 
@@ -141,7 +142,12 @@ TEST_F(TextureTest, NothingThatIsNoPictureIsPainted) {
     };
     write("broken.png", "\x89PNG\r\n\x1a\nnothing more");
     write("empty.png", "");
-    write("names.png", "<svg xmlns='http://www.w3.org/2000/svg' width='8' height='8'/>");
+    // Whoever reads it waits for ever.
+    ASSERT_EQ(mkfifo(QFile::encodeName(path("texteffect/texture/pipe")).constData(), 0600), 0);
+    write("names.png",
+          "<svg xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink' "
+          "width='8' height='8'><image width='8' height='8' xlink:href='" +
+              path("texteffect/texture/pipe").toUtf8() + "'/></svg>");
     EXPECT_EQ(brush("broken.png").style(), Qt::NoBrush);
     EXPECT_EQ(brush("empty.png").style(), Qt::NoBrush);
     EXPECT_EQ(brush("names.png").style(), Qt::NoBrush) << "a drawing may name other files";

@@ -75,6 +75,26 @@
         <source>has more than %1 photos</source>
         <translation>hat mehr als %1 Fotos</translation>
     </message>
+    <message>
+        <source>a shorter text; its end is cut off</source>
+        <translation>einen kürzeren Text; sein Ende fällt weg</translation>
+    </message>
+    <message>
+        <source>a number</source>
+        <translation>eine Zahl</translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>%1: the path is too long</source>
+        <translation>%1: Der Pfad ist zu lang</translation>
+    </message>
+    <message>
+        <source>the names of its project file are taken</source>
+        <translation>die Namen seiner Projektdatei sind vergeben</translation>
+    </message>
 </context>
 <context>
     <name>vellora</name>
