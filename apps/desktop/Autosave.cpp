@@ -115,7 +115,9 @@ void Autosave::discard() {
 }
 
 QStringList Autosave::copiesOf(const QString& show) {
-    QStringList copies = besideShow(show) + amongOwnData(QFileInfo(show).absoluteFilePath());
+    // As documents name it.
+    const QString path = hostkit::realPath(show);
+    QStringList copies = besideShow(path) + amongOwnData(path);
     copies.removeIf([](const QString& copy) { return !QFileInfo(copy).isFile(); });
     std::ranges::stable_sort(copies, std::ranges::greater(),
                              [](const QString& copy) { return QFileInfo(copy).lastModified(); });

@@ -49,7 +49,7 @@ void MainWindow::open(const QString& path) {
                 report(tr("Open a show"),
                        tr("\"%1\" cannot be opened.").arg(QFileInfo(path).fileName()), problems);
             }
-            offerCopies(QFileInfo(path).absoluteFilePath());
+            offerCopies(hostkit::realPath(path));
             return;
         case ShowDocument::OpenResult::LockedByOther:
             if (MessageBox::ask(this, tr("Open a show"), lockedText(path)) == MessageBox::Yes &&

@@ -123,6 +123,8 @@ TEST_F(RecoveryTest, ACopyThatIsTakenStaysWhileNoOtherCanBeWritten) {
 TEST_F(RecoveryTest, AShowThatIsGoneIsRecoveredFromItsCopy) {
     crash(3);
     rememberShow(show);
+    const QString link = folder.filePath(QStringLiteral("link"));
+    ASSERT_TRUE(QFile::link(folder.path(), link));
     ASSERT_TRUE(QFile::remove(show));
     EXPECT_TRUE(recentShows().contains(show));
     MainWindow window;
@@ -130,7 +132,7 @@ TEST_F(RecoveryTest, AShowThatIsGoneIsRecoveredFromItsCopy) {
     QString told;
     answerNext(QMessageBox::RejectRole,
                [&](const QMessageBox& box) { told = box.informativeText(); });
-    window.openPaths({show});
+    window.openPaths({link + QStringLiteral("/trip.vshow")});
     EXPECT_EQ(told, u"The show itself is no longer there.");
     EXPECT_EQ(window.document().slides().count(), 0);
     EXPECT_EQ(window.document().path(), QString());
