@@ -19,7 +19,7 @@ fail() {
 expect() {
     wanted="$1"
     shift
-    "$vellora" "$@" >stdout 2>stderr </dev/null
+    timeout 120 "$vellora" "$@" >stdout 2>stderr </dev/null
     status=$?
     [ "$status" -eq "$wanted" ] || fail "exit status $status instead of $wanted: $*"
 }
