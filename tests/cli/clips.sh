@@ -22,4 +22,10 @@ expect 1 clip broken.wmf "$clips/Seasons/Sun.wmf" -o some
 says "broken.wmf"
 [ -s some/Sun.png ] || fail "the good clip is missing"
 expect 2 clip "$clips/Seasons/Sun.wmf" -o out --size 0
+mkfifo pipe.svg pipe.wmf pipe.png
+expect 1 clip pipe.svg pipe.wmf pipe.png "$clips/Seasons/Sun.wmf" -o piped
+for clip in pipe.svg pipe.wmf pipe.png; do
+    says "$clip: is not a regular file"
+done
+holds 1 piped
 finish
