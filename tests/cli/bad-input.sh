@@ -83,14 +83,10 @@ if mount -t tmpfs -o size=64k tmpfs full 2>/dev/null; then
     # Only the last piece does not fit: it waits in a buffer until the file is closed.
     convert good.jpg -resize 80x80 tiny.png
     for options in "--quality 90" "--quality 90 --preview" "--format png"; do
-        rm -rf full/* fits
+        rm -rf fits
         # shellcheck disable=SC2086  # several options
         expect 0 render --out fits $options tiny.png
-        size="$(stat -c %s fits/*)"
-        free=$((size / 4096 * 4096))
-        [ "$free" -eq "$size" ] && free=$((free - 4096))
-        cat /dev/zero >full/filling 2>/dev/null
-        truncate -s "-$free" full/filling
+        room full "$(most_of fits/*)"
         # shellcheck disable=SC2086
         expect 1 render --out full $options tiny.png
         says "the result cannot be written to"

@@ -67,6 +67,19 @@ holds() {
     [ "$count" -eq "$1" ] || fail "$2 holds $count entries, not $1: $(ls -A "$2")"
 }
 
+# room DISK BYTES: an empty disk but for a filling that leaves so much room
+room() {
+    rm -rf "${1:?}"/*
+    cat /dev/zero >"$1/filling" 2>/dev/null
+    truncate -s "-$2" "$1/filling"
+}
+
+# most_of FILE: as many whole pages as leave out the file's last piece
+most_of() {
+    size="$(stat -c %s "$1")"
+    echo $(((size - 1) / 4096 * 4096))
+}
+
 finish() {
     [ "$failures" -eq 0 ] || exit 1
 }

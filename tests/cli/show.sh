@@ -67,6 +67,8 @@ expect 1 render --out lost lost.vshow
 says "lost.xml: "
 says "rendering without edits"
 holds 2 lost
+expect 2 render --out none --save-project ./turned.vshow turned.vshow
+says "never replaced"
 mkfifo pipe.xml
 edit_json turned.vshow piped.vshow "d['project'] = 'pipe.xml'"
 expect 1 render --out piped piped.vshow
