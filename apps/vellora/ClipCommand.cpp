@@ -13,6 +13,8 @@
 #include "Console.h"
 #include "OutputFolder.h"
 #include "OutputNames.h"
+#include "Paths.h"
+#include "PictureFile.h"
 
 namespace vellora::cli {
 namespace {
@@ -48,7 +50,7 @@ QString renderInto(OutputFolder& folder, const QString& clip, const QString& nam
         return {};
     }
     const QString scratch = folder.scratchFile(QStringLiteral("png"));
-    const QString path = picture.save(scratch, "PNG") ? folder.publish(scratch, name) : QString();
+    const QString path = writePicture(picture, scratch) ? folder.publish(scratch, name) : QString();
     if (path.isEmpty()) {
         reason = folder.writeProblem();
     }
@@ -58,9 +60,9 @@ QString renderInto(OutputFolder& folder, const QString& clip, const QString& nam
 bool runOne(const ClipRequest& request, OutputFolder& folder, const QString& clip,
             const QString& name) {
     ClipInfo info;
-    QString reason;
+    QString reason = irregularity(clip);
     QString picture;
-    if (ReadClipInfo(clip, &info, &reason)) {
+    if (reason.isEmpty() && ReadClipInfo(clip, &info, &reason)) {
         picture = renderInto(folder, clip, name, request.size, reason);
     }
     if (picture.isEmpty()) {

@@ -1,6 +1,5 @@
 #include "ClipEdit.h"
 
-#include <QFileInfo>
 #include <algorithm>
 
 #include <vellora/model/DVDImage.h>
@@ -9,6 +8,7 @@
 #include "Command.h"
 #include "Console.h"
 #include "Numbers.h"
+#include "Paths.h"
 
 namespace vellora::cli {
 namespace {
@@ -36,9 +36,9 @@ void addClipEdit(Edits& edits, const QString& argument) {
     for (const std::int32_t value : place) {
         toIntegerWithin(QString::number(value), -kFarthest, kFarthest, what);
     }
-    const QString file = QFileInfo(argument.left(at)).absoluteFilePath();
-    QString reason;
-    const QSizeF natural = CDVDImageProps::NaturalSize(file, &reason);
+    const QString file = absolutePathOf(argument.left(at));
+    QString reason = irregularity(file);
+    const QSizeF natural = reason.isEmpty() ? CDVDImageProps::NaturalSize(file, &reason) : QSizeF();
     if (natural.isEmpty()) {
         throw UsageError(QStringLiteral("--clip: %1: %2").arg(printable(file), reason));
     }

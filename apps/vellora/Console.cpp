@@ -2,7 +2,9 @@
 
 #include <QJsonDocument>
 #include <cstdio>
+#include <iostream>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace vellora::cli {
@@ -46,6 +48,19 @@ void printJson(const QJsonArray& array) {
 
 void printLine(const QString& text) {
     std::puts(text.toUtf8().constData());
+}
+
+void occupyStandardStreams() {
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (fcntl(stream, F_GETFD) < 0) {
+            open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+        }
+    }
+}
+
+bool outputFailed() {
+    // An earlier flush that failed has emptied the buffer and left only the mark.
+    return std::fflush(stdout) != 0 || std::ferror(stdout) != 0 || !std::cout.flush();
 }
 
 bool isErrorTerminal() {

@@ -21,6 +21,13 @@ void printJson(const QJsonArray& array);
 /// A line of text on standard output.
 void printLine(const QString& text);
 
+/// Opens what of the standard streams is closed in such a way that using it fails: else the next
+/// file would be opened in its place, and be written to by whoever prints. To be called first.
+void occupyStandardStreams();
+
+/// Whether something that was printed did not get out, on a full disk for instance.
+bool outputFailed();
+
 /// Whether a person watches standard error.
 bool isErrorTerminal();
 

@@ -12,6 +12,7 @@
 
 #include "Commands.h"
 #include "Console.h"
+#include "Paths.h"
 #include "UprightPhoto.h"
 #include "common/Assets.h"
 #include "common/Document.h"
@@ -25,6 +26,7 @@ struct EditRequest {
     std::vector<std::string> files;
     std::string language;
     std::string save;
+    bool overwrite = false;
 };
 
 hostkit::Show openShow(const QString& file) {
@@ -53,9 +55,15 @@ hostkit::Show showOfPhotos(const std::vector<std::string>& files) {
 /// Where the show is saved: the show itself, or beside the first photo.
 QString targetOf(const EditRequest& request, const QString& first) {
     const QString named = QFile::decodeName(request.save.c_str());
+    const bool isSame =
+        QFileInfo(named).canonicalFilePath() == QFileInfo(first).canonicalFilePath();
     if (!named.isEmpty() && !hostkit::isShowFile(named)) {
         throw UsageError(
             QStringLiteral("--save: '%1' does not end in .vshow").arg(printable(named)));
+    }
+    if (!isSame && !request.overwrite && QFileInfo::exists(named)) {
+        throw UsageError(QStringLiteral("--save: '%1' exists already; --overwrite replaces it")
+                             .arg(printable(named)));
     }
     if (!named.isEmpty() || hostkit::isShowFile(first)) {
         return named.isEmpty() ? first : named;
@@ -70,6 +78,33 @@ QString targetOf(const EditRequest& request, const QString& first) {
     return beside;
 }
 
+/// A show is edited by itself; among photos it would only be a target.
+void checkFiles(const std::vector<std::string>& files) {
+    for (const std::string& name : files) {
+        const QString file = QFile::decodeName(name.c_str());
+        if (files.size() > 1 && hostkit::isShowFile(file)) {
+            throw UsageError(QStringLiteral("'%1' is a slideshow, which is edited by itself: give "
+                                            "photos, or one slideshow")
+                                 .arg(printable(file)));
+        }
+    }
+}
+
+QString languageFile(const std::string& given) {
+    if (given.empty()) {
+        return hostkit::languageFileFor(QStringLiteral("auto"));
+    }
+    const QString file = QFile::decodeName(given.c_str());
+    const QFileInfo info(file);
+    if (!info.isFile() || !info.isReadable()) {
+        throw UsageError(QStringLiteral("--language: '%1' %2")
+                             .arg(printable(file), info.exists()
+                                                       ? QStringLiteral("cannot be read as a file")
+                                                       : QStringLiteral("is missing")));
+    }
+    return info.absoluteFilePath();
+}
+
 bool fillDocument(hostkit::Document& document, const hostkit::Show& show) {
     document.show().SetTextEffectBaseFolder(hostkit::assetsFolder());
     for (const hostkit::ShowPhoto& photo : show.photos) {
@@ -80,7 +115,10 @@ bool fillDocument(hostkit::Document& document, const hostkit::Show& show) {
         }
         document.addPhoto(record);
     }
-    const QString problem = hostkit::loadEdits(show, document.show());
+    QString problem = irregularity(show.projectPath);
+    if (problem.isEmpty()) {
+        problem = hostkit::loadEdits(show, document.show());
+    }
     if (!problem.isEmpty()) {
         printError(QStringLiteral("%1: %2").arg(printable(show.projectPath), problem));
     }
@@ -97,12 +135,12 @@ void takeBack(hostkit::Document& document, hostkit::Show& show) {
 
 int runEdit(const EditRequest& request) {
     const QString first = QFile::decodeName(request.files.front().c_str());
-    const bool isShow = request.files.size() == 1 && hostkit::isShowFile(first);
+    const bool isShow = hostkit::isShowFile(first);
+    checkFiles(request.files);
     const QString target = targetOf(request, first);
+    const QString language = languageFile(request.language);
     hostkit::Show show = isShow ? openShow(first) : showOfPhotos(request.files);
-    CImageObj::SetLanguageString(request.language.empty()
-                                     ? hostkit::languageFileFor(QStringLiteral("auto"))
-                                     : QFile::decodeName(request.language.c_str()));
+    CImageObj::SetLanguageString(language);
     hostkit::Document document;
     if (!fillDocument(document, show)) {
         return kSomeFailed;
@@ -132,6 +170,8 @@ Command addEditCommand(CLI::App& program) {
         ->add_option("--save", request->save,
                      "Where to save; else the slideshow itself, or beside the first photo")
         ->type_name("FILE.vshow");
+    command->add_flag("--overwrite", request->overwrite,
+                      "Replace another slideshow that has the name given with --save");
     command->add_option("FILE", request->files, "Photos, or one slideshow")
         ->type_name("")
         ->required();

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 
 #include "ClipEdit.h"
+#include "Console.h"
 #include "CropEdit.h"
 #include "FilterEdit.h"
 #include "TextEdit.h"
@@ -11,6 +12,17 @@ namespace vellora::cli {
 namespace {
 
 constexpr const char* kGroup = "Edits (repeatable, done in the order given)";
+
+/// Why the value of a flag is none; empty when it is one.
+std::string flagProblem(const std::string& value) {
+    try {
+        CLI::detail::to_flag_value(value);
+        return {};
+    } catch (const std::exception&) {
+        return "'" + printable(QString::fromStdString(value)).toStdString() +
+               "' is neither true nor false";
+    }
+}
 
 }  // namespace
 
@@ -63,6 +75,7 @@ void EditOptions::addFlag(CLI::App& command, const std::string& name, const std:
                     count > 0 ? "on" : "off");
             },
             help)
+        ->check(flagProblem)
         ->group(kGroup)
         ->trigger_on_parse();
 }

@@ -10,6 +10,7 @@
 #include "Commands.h"
 #include "Console.h"
 #include "OutputFolder.h"
+#include "PictureFile.h"
 #include "common/Assets.h"
 
 namespace vellora::cli {
@@ -84,7 +85,7 @@ int drawAll(const EffectsRequest& request, const std::vector<TextEffectEntry>& e
                               QString::fromStdString(request.sample), kGround);
         const QString scratch = folder.scratchFile(QStringLiteral("png"));
         const QString name = QStringLiteral("style-%1.png").arg(++number, 2, 10, QLatin1Char('0'));
-        if (!picture.save(scratch, "PNG") || folder.publish(scratch, name).isEmpty()) {
+        if (!writePicture(picture, scratch) || folder.publish(scratch, name).isEmpty()) {
             printError(folder.writeProblem());
             return kSomeFailed;
         }

@@ -1,6 +1,5 @@
 #include "FilterSheet.h"
 
-#include <QFileInfo>
 #include <QImage>
 #include <QPainter>
 #include <algorithm>
@@ -20,6 +19,8 @@
 #include <vellora/filters/RandomSeed.h>
 #include <vellora/host/PhotoFile.h>
 
+#include "Paths.h"
+#include "PictureFile.h"
 #include "SamplePhoto.h"
 
 namespace vellora::cli {
@@ -77,7 +78,7 @@ ImagePtr decode(const SheetOptions& options, QString& problem) {
         return nullptr;
     }
     auto record = std::make_unique<_PHOTO_LIST_NODE>();
-    setHostText(record->path, QFileInfo(options.photo).absoluteFilePath());
+    setHostText(record->path, absolutePathOf(options.photo));
     record->rotation = info.rotation;
     record->flip_x = info.flip_x;
     record->flip_y = info.flip_y;
@@ -161,7 +162,7 @@ QString writeFilterSheet(const SheetOptions& options) {
         return QStringLiteral("%1: %2").arg(options.photo, problem);
     }
     const QImage sheet = arrange(makeTiles(*photo, options.seed));
-    if (!sheet.save(options.file, "PNG")) {
+    if (!replacePicture(sheet, options.file)) {
         return QStringLiteral("%1: cannot be written").arg(options.file);
     }
     return {};

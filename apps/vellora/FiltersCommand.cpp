@@ -1,5 +1,6 @@
 // vellora filters: the catalogue.
 
+#include <QFile>
 #include <array>
 #include <memory>
 
@@ -10,6 +11,7 @@
 #include "Commands.h"
 #include "Console.h"
 #include "FilterSheet.h"
+#include "Paths.h"
 
 namespace vellora::cli {
 namespace {
@@ -100,9 +102,13 @@ struct FiltersArguments {
 };
 
 int runSheet(const FiltersArguments& arguments) {
-    const QString problem = writeFilterSheet({QString::fromStdString(arguments.sheet),
-                                              QString::fromStdString(arguments.photo),
-                                              arguments.fullSize, arguments.seed});
+    const SheetOptions options{QFile::decodeName(arguments.sheet.c_str()),
+                               QFile::decodeName(arguments.photo.c_str()), arguments.fullSize,
+                               arguments.seed};
+    if (!options.photo.isEmpty()) {
+        ProtectedFiles({options.photo}).refuse(options.file, QStringLiteral("--sheet"));
+    }
+    const QString problem = writeFilterSheet(options);
     if (!problem.isEmpty()) {
         printError(printable(problem));
         return kSomeFailed;

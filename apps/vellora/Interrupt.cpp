@@ -3,6 +3,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <utility>
 
@@ -64,6 +65,10 @@ InterruptCleanup::~InterruptCleanup() {
     if (m_watcher.joinable()) {
         m_watcher.request_stop();
         m_watcher.join();
+    }
+    if (g_signal != 0) {  // too late for the watcher
+        std::fflush(stdout);
+        std::_Exit(kSignalled + g_signal);
     }
     for (const int signal : kSignals) {
         if (std::signal(signal, SIG_DFL) == SIG_IGN) {

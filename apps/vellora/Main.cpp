@@ -54,15 +54,40 @@ int runGiven(const std::vector<Command>& commands, int argc, char** argv) {
 }
 
 /// The arguments in the reversed order in which the parser takes them. It would read "[name]" as a
-/// list of one name; a photo may be called so.
+/// list of one name, and "++" as the end of a command; a photo may be called so.
 std::vector<std::string> argumentsOf(int argc, char** argv) {
     std::vector<std::string> arguments;
     for (int index = argc - 1; index > 0; --index) {
         const std::string_view argument = argv[index];
         const bool bracketed = argument.starts_with('[') && argument.ends_with(']');
-        arguments.push_back((bracketed ? "./" : "") + std::string(argument));
+        const bool isSign = bracketed || argument == "++";
+        arguments.push_back((isSign ? "./" : "") + std::string(argument));
     }
     return arguments;
+}
+
+/// An empty value is a script's empty variable more often than a wish. "--option=" would take the
+/// next argument as its value.
+void refuseOpenEnds(const std::vector<std::string>& arguments) {
+    for (auto argument = arguments.rbegin(); argument != arguments.rend() && *argument != "--";
+         ++argument) {
+        if (argument->starts_with("--") && argument->ends_with('=') &&
+            argument->find('=') == argument->size() - 1) {
+            throw UsageError(
+                QStringLiteral("%1: the value is empty")
+                    .arg(QString::fromStdString(argument->substr(0, argument->size() - 1))));
+        }
+    }
+}
+
+void refuseEmptyValues(CLI::App& command) {
+    for (CLI::Option* option : command.get_options()) {
+        if (!option->get_positional() && option->get_items_expected_max() > 0) {
+            option->check([](const std::string& value) {
+                return value.empty() ? "the value is empty" : std::string();
+            });
+        }
+    }
 }
 
 int runProgram(int argc, char** argv) {
@@ -75,8 +100,13 @@ int runProgram(int argc, char** argv) {
                                   addEffectsCommand(program), addNewCommand(program),
                                   addClipCommand(program)};
     std::ranges::move(addProjectCommands(program), std::back_inserter(commands));
+    for (const Command& command : commands) {
+        refuseEmptyValues(*command.app);
+    }
     try {
-        program.parse(argumentsOf(argc, argv));
+        std::vector<std::string> arguments = argumentsOf(argc, argv);
+        refuseOpenEnds(arguments);
+        program.parse(arguments);
         return runGiven(commands, argc, argv);
     } catch (const CLI::Success& request) {
         return program.exit(request);
@@ -95,13 +125,13 @@ int runProgram(int argc, char** argv) {
 int main(int argc, char** argv) {
     using namespace vellora::cli;
     int status = kSomeFailed;
+    occupyStandardStreams();
     try {
         status = runProgram(argc, argv);
     } catch (const std::exception& error) {
         printError(error.what());
     }
-    // A full disk behind standard output shows itself only now.
-    if (std::fflush(stdout) != 0 && status == kAllDone) {
+    if (outputFailed() && status == kAllDone) {
         printError("standard output cannot be written");
         status = kSomeFailed;
     }

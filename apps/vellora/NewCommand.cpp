@@ -10,6 +10,7 @@
 
 #include "Commands.h"
 #include "Console.h"
+#include "Paths.h"
 #include "UprightPhoto.h"
 #include "common/Document.h"
 #include "common/ShowFile.h"
@@ -33,11 +34,16 @@ int runNew(const NewRequest& request) {
         throw UsageError(QStringLiteral("--out: '%1' exists already; --overwrite replaces it")
                              .arg(printable(file)));
     }
+    QStringList names;
+    for (const std::string& name : request.photos) {
+        names << QFile::decodeName(name.c_str());
+    }
+    ProtectedFiles(names).refuse(file, QStringLiteral("--out"));
     hostkit::Show show;
     hostkit::Document document;
-    for (const std::string& name : request.photos) {
+    for (const QString& name : names) {
         _PHOTO_LIST_NODE record{};
-        const auto photo = uprightPhoto(QFile::decodeName(name.c_str()));
+        const auto photo = uprightPhoto(name);
         if (photo && !hostkit::toRecord(*photo, record)) {
             printError(QStringLiteral("%1: the path is too long").arg(printable(photo->path)));
         } else if (photo) {

@@ -7,6 +7,7 @@
 
 #include "Console.h"
 #include "OutputNames.h"
+#include "Paths.h"
 
 namespace vellora::cli {
 namespace {
@@ -47,7 +48,7 @@ Claim moveToFreeName(const QString& from, const QString& to) {
 }  // namespace
 
 OutputFolder::OutputFolder(const QString& path, bool overwrite)
-    : m_dir(QDir(path).absolutePath()), m_overwrite(overwrite) {
+    : m_dir(absolutePathOf(path)), m_overwrite(overwrite) {
     if (QFileInfo::exists(m_dir.path()) && !QFileInfo(m_dir.path()).isDir()) {
         m_problem = QStringLiteral("'%1' is not a folder").arg(printable(path));
         return;

@@ -1,20 +1,24 @@
 #include "OutputNames.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QHash>
 #include <QSet>
 
+#include "Paths.h"
+
 namespace vellora::cli {
 namespace {
 
-/// The files as they may be met in the folder: by name and by what a link leads to.
-QSet<QString> pathsOf(const QStringList& files) {
-    QSet<QString> paths;
-    for (const QString& file : files) {
-        const QFileInfo info(file);
-        paths << info.absoluteFilePath() << info.canonicalFilePath();
+constexpr qsizetype kLongestName = 255;  // bytes, on the usual file systems
+
+/// A name made of a stem, which is shortened where both together are too long, and a tail.
+QString fitted(QString stem, const QString& tail) {
+    const qsizetype room = kLongestName - QFile::encodeName(tail).size();
+    while (QFile::encodeName(stem).size() > room) {
+        stem.chop(stem.back().isLowSurrogate() ? 2 : 1);
     }
-    return paths;
+    return stem + tail;
 }
 
 QString stemOf(const QString& photo) {
@@ -27,27 +31,24 @@ QString stemOf(const QString& photo) {
 
 QString numberedName(const QString& name, int number) {
     const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
-    return QStringLiteral("%1-%2%3").arg(name.left(dot)).arg(number).arg(name.mid(dot));
+    return fitted(name.left(dot), QStringLiteral("-%1").arg(number) + name.mid(dot));
 }
 
 QStringList planResultNames(const QStringList& photos, const QStringList& inputs,
                             const QDir& folder, const QString& suffix, bool numbered) {
-    const QSet<QString> protectedPaths = pathsOf(photos + inputs);
-    const QString realFolder = folder.canonicalPath();
+    const ProtectedFiles protectedFiles(photos + inputs);
     const auto isInput = [&](const QString& name) {
-        return protectedPaths.contains(folder.absoluteFilePath(name)) ||
-               protectedPaths.contains(realFolder + QLatin1Char('/') + name);
+        return protectedFiles.holds(folder.absoluteFilePath(name));
     };
     QStringList names;
     QSet<QString> taken;
     QHash<QString, int> lastNumber;
     const auto digits = static_cast<int>(QString::number(photos.size()).size());
     for (const QString& photo : photos) {
-        QString plain = stemOf(photo) + QLatin1Char('.') + suffix;
-        if (numbered) {
-            plain.prepend(
-                QStringLiteral("%1-").arg(names.size() + 1, digits, 10, QLatin1Char('0')));
-        }
+        const QString place =
+            numbered ? QStringLiteral("%1-").arg(names.size() + 1, digits, 10, QLatin1Char('0'))
+                     : QString();
+        const QString plain = fitted(place + stemOf(photo), QLatin1Char('.') + suffix);
         QString name = plain;
         while (taken.contains(name) || isInput(name)) {
             int& number = lastNumber[plain];

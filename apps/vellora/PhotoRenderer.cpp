@@ -2,7 +2,6 @@
 
 #include <QFileInfo>
 #include <QImage>
-#include <QImageWriter>
 #include <algorithm>
 #include <iterator>
 #include <memory>
@@ -13,7 +12,8 @@
 #include <vellora/host/ImageObj.h>
 #include <vellora/model/DVDImage.h>
 
-#include "Console.h"
+#include "Paths.h"
+#include "PictureFile.h"
 #include "common/Assets.h"
 #include "common/Picture.h"
 
@@ -36,13 +36,9 @@ QSize writeOutputImage(_HNODE& node, const QString& file, const RenderOptions& o
     const QImage picture = hostkit::finishedPicture(
         &node, options.preview ? hostkit::Detail::Preview : hostkit::Detail::Full);
     ReleaseImgBuf(&node);
-    QImageWriter writer(file, options.suffix().toLatin1());
-    if (options.png) {
-        writer.setCompression(kPngCompression);
-    } else {
-        writer.setQuality(options.quality);
-    }
-    return !picture.isNull() && writer.write(picture) ? picture.size() : QSize();
+    const PictureFormat format = options.png ? PictureFormat{.compression = kPngCompression}
+                                             : PictureFormat{"jpg", options.quality};
+    return writePicture(picture, file, format) ? picture.size() : QSize();
 }
 
 QSize writeJpegFile(CImageObj& show, const _PHOTO_LIST_NODE& photo, QSize own, const QString& file,
@@ -63,7 +59,7 @@ QSize writeJpegFile(CImageObj& show, const _PHOTO_LIST_NODE& photo, QSize own, c
 
 QString prepareRecord(_PHOTO_LIST_NODE& record, const RenderItem& item,
                       const RenderOptions& options) {
-    const QString path = QFileInfo(item.photo).absoluteFilePath();
+    const QString path = absolutePathOf(item.photo);
     if (path.size() >= kPathCapacity) {
         return QStringLiteral("its path has more than %1 characters").arg(kPathCapacity - 1);
     }

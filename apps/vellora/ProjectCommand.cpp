@@ -16,6 +16,7 @@
 
 #include "Commands.h"
 #include "Console.h"
+#include "Paths.h"
 #include "ProjectText.h"
 #include "common/Assets.h"
 #include "common/Document.h"
@@ -45,7 +46,7 @@ bool fillRecord(const QString& name, _PHOTO_LIST_NODE& record) {
     if (!isPhoto) {
         printError(QStringLiteral("%1: %2").arg(printable(name), reason));
     }
-    setHostText(record.path, QFileInfo(name).absoluteFilePath());
+    setHostText(record.path, absolutePathOf(name));
     record.rotation = info.rotation;
     return isPhoto;
 }
@@ -56,12 +57,17 @@ int runNew(const NewRequest& request) {
         throw UsageError(QStringLiteral("--out: '%1' exists already; --overwrite replaces it")
                              .arg(printable(file)));
     }
+    QStringList photos;
+    for (const std::string& name : request.photos) {
+        photos << QFile::decodeName(name.c_str());
+    }
+    ProtectedFiles(photos).refuse(file, QStringLiteral("--out"));
     hostkit::Document document;
     bool allPhotos = true;
-    for (const std::string& name : request.photos) {
+    for (const QString& name : photos) {
         // A photo that cannot be read keeps its place: edits are matched by position.
         _PHOTO_LIST_NODE record{};
-        allPhotos = fillRecord(QFile::decodeName(name.c_str()), record) && allPhotos;
+        allPhotos = fillRecord(name, record) && allPhotos;
         document.addPhoto(record);
     }
     if (document.show().SaveToXMLFile(file) != S_OK) {
@@ -94,8 +100,8 @@ void printBlock(const QString& title, const QStringList& lines) {
 int runShow(const FileRequest& request) {
     const QString file = QFile::decodeName(request.file.c_str());
     ProjectContents contents;
-    QString reason;
-    if (!ReadProject(file, hostkit::assetsFolder(), &contents, &reason)) {
+    QString reason = irregularity(file);
+    if (!reason.isEmpty() || !ReadProject(file, hostkit::assetsFolder(), &contents, &reason)) {
         printError(QStringLiteral("%1: %2").arg(printable(file), reason));
         return kUnreadable;
     }
@@ -113,6 +119,10 @@ int runShow(const FileRequest& request) {
 
 int runCheck(const FileRequest& request) {
     const QString file = QFile::decodeName(request.file.c_str());
+    if (const QString reason = irregularity(file); !reason.isEmpty()) {
+        printLine(QStringLiteral("%1: %2").arg(printable(file), reason));
+        return kUnreadable;
+    }
     const ProjectReport report = CheckProject(file, hostkit::assetsFolder());
     for (const ProjectFinding& finding : report.findings) {
         const QString place = finding.line > 0

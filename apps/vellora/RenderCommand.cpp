@@ -15,6 +15,7 @@
 #include "EditOptions.h"
 #include "OutputFolder.h"
 #include "OutputNames.h"
+#include "Paths.h"
 #include "PhotoRenderer.h"
 #include "Progress.h"
 #include "RenderList.h"
@@ -31,6 +32,15 @@ struct RenderRequest {
     std::vector<std::string> photos;
 };
 
+/// What else no result may replace.
+QStringList filesBeside(const RenderOptions& options, const Edits& edits, const RenderList& list) {
+    QStringList files = edits.files + list.files + list.sources;
+    if (!options.saveProject.isEmpty()) {
+        files << options.saveProject;
+    }
+    return files;
+}
+
 /// One run over all photos.
 class RenderRun {
 public:
@@ -39,7 +49,7 @@ public:
           m_list(list),
           m_photos(list.photos()),
           m_folder(options.folder, options.overwrite),
-          m_names(planResultNames(m_photos, edits.files + list.files, m_folder.dir(),
+          m_names(planResultNames(m_photos, filesBeside(options, edits, list), m_folder.dir(),
                                   options.suffix(), options.numbered)),
           m_renderer(options, edits),
           m_progress(countOwn(), options.quiet) {}
@@ -158,6 +168,10 @@ int runRender(const RenderRequest& request) {
     const RenderOptions options = request.arguments.read();
     const Edits edits = request.edits.read();
     const RenderList list = RenderList::read(request.photos, options.project);
+    if (!options.saveProject.isEmpty()) {
+        ProtectedFiles(list.photos() + list.sources + edits.files)
+            .refuse(options.saveProject, QStringLiteral("--save-project"));
+    }
     int status = RenderRun(options, edits, list).run();
     if (!options.saveProject.isEmpty() && !saveProject(list, options, edits)) {
         printError(QStringLiteral("%1: cannot be written").arg(printable(options.saveProject)));

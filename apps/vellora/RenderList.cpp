@@ -2,16 +2,48 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <algorithm>
+
+#include <vellora/model/DVDImageProps.h>
 
 #include "Command.h"
 #include "Console.h"
+#include "Paths.h"
 #include "common/Assets.h"
 #include "common/CopyEdits.h"
 
 namespace vellora::cli {
 
+namespace {
+
+QStringList clipsOf(const CSpriteHolder& holder) {
+    QStringList files;
+    for (const CDVDImageSprite* sprite : holder.GetSprites()) {
+        if (const auto* clip = dynamic_cast<const CDVDImageProps*>(sprite)) {
+            files << clip->GetFile();
+        }
+    }
+    return files;
+}
+
+/// Whether a slideshow names its project file; else it is one that has no edits yet.
+bool namesProject(const QString& show) {
+    QFile file(show);
+    return file.open(QIODevice::ReadOnly) && !QJsonDocument::fromJson(file.readAll())
+                                                  .object()
+                                                  .value(QStringLiteral("project"))
+                                                  .toString()
+                                                  .isEmpty();
+}
+
+}  // namespace
+
 std::shared_ptr<ProjectEdits> ProjectEdits::read(const QString& file, QString* reason) {
+    if (*reason = irregularity(file); !reason->isEmpty()) {
+        return nullptr;
+    }
     auto edits = std::make_shared<ProjectEdits>();
     return ReadProject(file, hostkit::assetsFolder(), &edits->m_contents, reason) ? edits : nullptr;
 }
@@ -22,6 +54,15 @@ void ProjectEdits::applyTo(CDVDImage& photo, CDVDAlbumImage& album, int position
     if (found != m_contents.photos.end() && found->id == position) {
         hostkit::copyEdits(*found->edits, photo);
     }
+}
+
+QStringList ProjectEdits::pictures() const {
+    QStringList files = clipsOf(*m_contents.album);
+    for (const ProjectPhoto& photo : m_contents.photos) {
+        files << photo.fileName << clipsOf(*photo.edits);
+    }
+    files.removeAll(QString());
+    return files;
 }
 
 QStringList RenderList::photos() const {
@@ -43,6 +84,7 @@ RenderList RenderList::read(const std::vector<std::string>& arguments, const QSt
                 QStringLiteral("--project: %1: %2").arg(printable(projectFile), reason));
         }
         list.files << projectFile;
+        list.sources << edits->pictures();
     }
     for (const std::string& argument : arguments) {
         const QString name = QFile::decodeName(argument.c_str());
@@ -78,14 +120,17 @@ void RenderList::addShow(const QString& file) {
         return;
     }
     std::shared_ptr<const ProjectEdits> edits;
-    if (QFileInfo::exists(show->projectPath)) {
+    if (QFileInfo::exists(show->projectPath) || namesProject(file)) {
         edits = ProjectEdits::read(show->projectPath, &reason);
         if (edits == nullptr) {
-            say(show->projectPath, reason);
+            say(show->projectPath, printable(reason) + QStringLiteral("; rendering without edits"));
             incomplete = true;
+        } else {
+            sources << edits->pictures();
         }
     }
     files << file << show->projectPath;
+    sources << file;
     int position = 0;
     for (const hostkit::ShowPhoto& photo : show->photos) {
         items.push_back({photo.path, photo, edits, position++});

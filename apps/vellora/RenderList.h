@@ -19,6 +19,9 @@ public:
     /// @return Null with the reason when the file cannot be read.
     static std::shared_ptr<ProjectEdits> read(const QString& file, QString* reason);
 
+    /// The photos and clips that they name.
+    [[nodiscard]] QStringList pictures() const;
+
     /// Gives a photo of a document its edits, and the document the album.
     void applyTo(CDVDImage& photo, CDVDAlbumImage& album, int position) const;
 
@@ -40,6 +43,8 @@ struct RenderList {
     std::vector<RenderItem> items;
     /// Slideshow and project files: no result may replace them.
     QStringList files;
+    /// The slideshow files among them, and the pictures that the edits show.
+    QStringList sources;
     /// Whether something that the user named could not be read; it has been said.
     bool incomplete = false;
 

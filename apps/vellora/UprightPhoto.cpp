@@ -1,10 +1,9 @@
 #include "UprightPhoto.h"
 
-#include <QFileInfo>
-
 #include <vellora/host/PhotoFile.h>
 
 #include "Console.h"
+#include "Paths.h"
 
 namespace vellora::cli {
 
@@ -16,7 +15,7 @@ std::optional<hostkit::ShowPhoto> uprightPhoto(const QString& name) {
         return std::nullopt;
     }
     hostkit::ShowPhoto photo;
-    photo.path = QFileInfo(name).absoluteFilePath();
+    photo.path = absolutePathOf(name);
     photo.rotation = info.rotation;
     photo.flipX = info.flip_x != 0;
     photo.flipY = info.flip_y != 0;

@@ -117,7 +117,8 @@ bool writeJpeg(const QString& path, const cv::Mat& bgr, int quality) {
         file.cancelWriting();
         return false;
     }
-    return file.commit();
+    // commit() alone would not notice that the last piece cannot be written.
+    return file.flush() && file.commit();
 }
 
 }  // namespace vellora

@@ -80,12 +80,34 @@ if mount -t tmpfs -o size=64k tmpfs full 2>/dev/null; then
     expect 1 render --out full --format png large.jpg
     says "large.jpg: the result cannot be written to"
     holds 1 full
+    # Only the last piece does not fit: it waits in a buffer until the file is closed.
+    convert good.jpg -resize 80x80 tiny.png
+    for options in "--quality 90" "--quality 90 --preview" "--format png"; do
+        rm -rf fits
+        # shellcheck disable=SC2086  # several options
+        expect 0 render --out fits $options tiny.png
+        room full "$(most_of fits/*)"
+        # shellcheck disable=SC2086
+        expect 1 render --out full $options tiny.png
+        says "the result cannot be written to"
+        holds 1 full
+    done
     umount full
 fi
 
 # A full disk behind standard output.
 if [ -c /dev/full ]; then
-    "$vellora" filters >/dev/full 2>stderr && fail "a full disk went unnoticed"
-    says "standard output"
+    for command in "filters" "filters --json" "effects --json" "info good.jpg" \
+        "info --json good.jpg" "render --json --out unread good.jpg" "--version" "--help"; do
+        # shellcheck disable=SC2086  # a command with its options
+        "$vellora" $command >/dev/full 2>stderr && fail "a full disk went unnoticed: $command"
+        says "standard output"
+        # shellcheck disable=SC2086
+        "$vellora" $command >&- 2>stderr && fail "a closed output went unnoticed: $command"
+        says "standard output"
+    done
+    rm -rf unread
+    "$vellora" render --out unread good.jpg >&- 2>stderr || fail "nothing was to be printed"
+    has_size unread/good.jpg 200x200
 fi
 finish

@@ -22,4 +22,23 @@ expect 1 clip broken.wmf "$clips/Seasons/Sun.wmf" -o some
 says "broken.wmf"
 [ -s some/Sun.png ] || fail "the good clip is missing"
 expect 2 clip "$clips/Seasons/Sun.wmf" -o out --size 0
+mkfifo pipe.svg pipe.wmf pipe.png
+expect 1 clip pipe.svg pipe.wmf pipe.png "$clips/Seasons/Sun.wmf" -o piped --size 200
+for clip in pipe.svg pipe.wmf pipe.png; do
+    says "$clip: is not a regular file"
+done
+holds 1 piped
+mkdir full
+if mount -t tmpfs -o size=64k tmpfs full 2>/dev/null; then
+    room full "$(most_of piped/Sun.png)"
+    expect 1 clip "$clips/Seasons/Sun.wmf" -o full --size 200
+    says "the result cannot be written to"
+    holds 1 full
+    expect 0 effects -o styles
+    room full "$(most_of styles/style-01.png)"
+    expect 1 effects -o full
+    says "the result cannot be written to"
+    holds 1 full
+    umount full
+fi
 finish

@@ -19,10 +19,42 @@ in_bash() {
 }
 in_bash render re
 in_bash --filter render --fi
-in_bash 'Brightness\ Contrast' render --filter Bri
+in_bash 'Brightness Contrast' render --filter Bri
 in_bash inside render --fit i
 in_bash check project ch
 in_bash --json project show --j
+
+# As it is typed: the blank is quoted once.
+cat >typed.py <<'PYTHON'
+# PROGRAM COMPLETION LINE WANTED: types the line and a tab into a shell
+import os, pty, select, sys, time
+program, completion, line, wanted = sys.argv[1:]
+child, terminal = pty.fork()
+if child == 0:
+    os.environ.update(TERM="dumb", PS1="$ ", PATH=os.path.dirname(program) + ":" + os.environ["PATH"])
+    os.execvp("bash", ["bash", "--norc", "--noprofile", "-i"])
+seen = ""
+def wait_for(text):
+    global seen
+    end = time.time() + 20
+    while text not in seen and time.time() < end:
+        if select.select([terminal], [], [], 0.2)[0]:
+            seen += os.read(terminal, 4096).decode(errors="replace")
+    if text not in seen:
+        sys.exit(f"{text!r} is not in {seen!r}")
+os.write(terminal, f"source '{completion}'; echo rea''dy\n".encode())
+wait_for("ready\r\n")
+seen = ""
+os.write(terminal, line.encode() + b"\t")
+wait_for(wanted)
+os.close(terminal)
+PYTHON
+typed_in_bash() {
+    python3 typed.py "$vellora" "$share/vellora.bash" "$1" "$2" >stdout 2>stderr ||
+        fail "bash completion of '$1' is not '$2'"
+}
+typed_in_bash 'vellora render --filter Bri' '--filter Brightness\ Contrast '
+typed_in_bash 'vellora render --filter Brightness\ Con' '--filter Brightness\ Contrast '
 
 cat >complete.zsh <<'ZSH'
 # PROGRAM FOLDER LINE WANTED: types the line and a tab, and waits for the wanted text

@@ -21,4 +21,22 @@ says "broken.vshow"
 : >a.vshow
 expect 2 edit a.jpg
 says "exists already"
+
+# Shows that are not the edited one stay.
+expect 0 new a.jpg -o trip.vshow
+expect 0 new a.jpg -o other.vshow
+cp trip.vshow before.vshow
+expect 2 edit trip.vshow a.jpg
+says "edited by itself"
+expect 2 edit a.jpg trip.vshow --save new.vshow
+says "edited by itself"
+expect 2 edit a.jpg --save trip.vshow
+says "--overwrite replaces it"
+expect 2 edit other.vshow --save trip.vshow
+says "--overwrite replaces it"
+cmp -s trip.vshow before.vshow || fail "a show was replaced"
+expect 2 edit --language missing.ini trip.vshow
+says "missing.ini' is missing"
+expect 1 edit --save trip.vshow --overwrite nowhere.jpg
+says "no photo to edit"
 finish

@@ -19,7 +19,7 @@ fail() {
 expect() {
     wanted="$1"
     shift
-    "$vellora" "$@" >stdout 2>stderr </dev/null
+    timeout 120 "$vellora" "$@" >stdout 2>stderr </dev/null
     status=$?
     [ "$status" -eq "$wanted" ] || fail "exit status $status instead of $wanted: $*"
 }
@@ -65,6 +65,19 @@ exists() {
 holds() {
     count="$(find "$2" -mindepth 1 -printf . 2>/dev/null | wc -c)"
     [ "$count" -eq "$1" ] || fail "$2 holds $count entries, not $1: $(ls -A "$2")"
+}
+
+# room DISK BYTES: an empty disk but for a filling that leaves so much room
+room() {
+    rm -rf "${1:?}"/*
+    cat /dev/zero >"$1/filling" 2>/dev/null
+    truncate -s "-$2" "$1/filling"
+}
+
+# most_of FILE: as many whole pages as leave out the file's last piece
+most_of() {
+    size="$(stat -c %s "$1")"
+    echo $(((size - 1) / 4096 * 4096))
 }
 
 finish() {

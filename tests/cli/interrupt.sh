@@ -33,6 +33,20 @@ interrupted INT 130
 interrupted TERM 143
 interrupted HUP 129
 
+# A contact sheet: what stood there before, or the whole.
+rm -rf sheet
+mkdir sheet
+echo old >sheet/sheet.png
+for pause in 0.3 0.6 0.9; do
+    "$vellora" filters --sheet sheet/sheet.png --photo photo.jpg 2>stderr &
+    pid=$!
+    sleep "$pause"
+    kill "$pid" 2>/dev/null
+    wait "$pid" 2>/dev/null
+    [ "$(cat sheet/sheet.png)" = old ] || has_size sheet/sheet.png 2450x1754
+    [ "$(ls -A sheet)" = sheet.png ] || fail "left behind: $(ls -A sheet)"
+done
+
 # Nobody reads the reports any more.
 rm -rf out
 "$vellora" render --out out --json $(yes photo.jpg | head -n 20) 2>stderr | head -n 1 >report

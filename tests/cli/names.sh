@@ -64,4 +64,35 @@ exists 'plain/Grüße 日本.jpg'
 cp original.jpg '[only]'
 expect 0 render --out odd '[only]'
 exists 'odd/[only].jpg'
+cp original.jpg ++
+expect 0 info ++
+expect 0 render --out odd ++
+exists 'odd/++.jpg'
+
+# Names as long as the file system takes them.
+for bytes in 251 255; do
+    name="$(head -c "$bytes" /dev/zero | tr '\0' a)"
+    cp original.jpg "./$name"
+    expect 0 render --out "long-$bytes" --numbered -- "./$name" "./$name"
+    silent
+    expect 0 render --out "long-$bytes" --numbered -- "./$name"
+    holds 3 "long-$bytes"
+done
+umlauts="$(printf 'ä%.0s' $(seq 127))"
+cp original.jpg "$umlauts"
+expect 0 render --out umlauts --numbered "$umlauts"
+silent
+exists "umlauts/1-$(printf 'ä%.0s' $(seq 124)).jpg"
+
+# What the system makes of ".." behind a link, not what the text says.
+mkdir -p deep/below
+ln -s deep/below away
+convert -size 33x33 xc:green p.jpg
+convert -size 44x44 xc:green deep/p.jpg
+expect 0 render --out dots away/../p.jpg
+has_size dots/p.jpg 44x44
+expect 0 render --out away/../made p.jpg
+has_size deep/made/p.jpg 33x33
+expect 0 project new away/../p.jpg -o dots.xml
+grep -q 'deep/p\.jpg' dots.xml || fail "project new: $(cat dots.xml)"
 finish

@@ -76,5 +76,35 @@ expect 1 render --out saved --save-project no/such/folder.xml a.png
 says "cannot be written"
 exists saved/a.jpg
 expect 0 render --out . --project copy.xml --format png --overwrite a.png
+# Nothing that was read is replaced, by whatever way it came in.
+cp a.png original.png
+cp clip.png clip-original.png
+ln -s a.png linked.xml
+for target in a.png ./a.png linked.xml clip.png; do
+    expect 2 render --out none --save-project "$target" --clip clip.png@0,0 a.png
+    says "never replaced"
+done
+expect 2 render --out none --project saved.xml --save-project clip.png a.png
+says "never replaced"
+expect 2 project new a.png -o a.png --overwrite
+says "never replaced"
+expect 0 render --out . --format png --overwrite --project saved.xml b.png clip.png
+cmp -s a.png original.png || fail "a photo was replaced"
+cmp -s clip.png clip-original.png || fail "a clip was replaced"
+[ ! -e none ] || fail "a refused command made its folder"
+cp saved.xml own.xml
+expect 0 render --out own --project own.xml --save-project own.xml --format png a.png b.png
+cmp -s saved.xml own.xml || fail "a project was not saved to itself"
+
+# A pipe would keep the program waiting.
+mkfifo pipe.xml pipe.png
+expect 2 project show pipe.xml
+says "is not a regular file"
+expect 2 project check pipe.xml
+grep -q "is not a regular file" stdout || fail "project check of a pipe: $(cat stdout)"
+expect 2 render --out none --project pipe.xml a.png
+says "is not a regular file"
+expect 2 render --out none --clip pipe.png@0,0 a.png
+says "is not a regular file"
 [ -s copy.xml ] && grep -q ZEV_Photo_Info copy.xml || fail "the project was overwritten"
 finish

@@ -33,4 +33,21 @@ says missing.jpg
 expect 1 filters --sheet no/such/folder/sheet.png
 says "cannot be written"
 expect 2 filters --photo photo.jpg
+cp photo.jpg original.jpg
+expect 2 filters --sheet ./photo.jpg --photo photo.jpg
+says "never replaced"
+cmp -s photo.jpg original.jpg || fail "the photo was replaced"
+# What stood there stays until the sheet is complete, and a link leads to the same file as before.
+ln -s real.png link.png
+expect 0 filters --sheet link.png --photo photo.jpg
+[ -L link.png ] && has_size real.png 2450x1754
+mkdir -p full
+if mount -t tmpfs -o size=64k tmpfs full 2>/dev/null; then
+    echo old >full/sheet.png
+    expect 1 filters --sheet full/sheet.png --photo photo.jpg
+    says "cannot be written"
+    [ "$(cat full/sheet.png)" = old ] || fail "the old sheet is gone"
+    holds 1 full
+    umount full
+fi
 finish

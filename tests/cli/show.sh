@@ -14,6 +14,10 @@ expect 2 new "trip 1/a.jpg" -o show.json
 says "does not end in .vshow"
 expect 1 new "trip 1/a.jpg" nowhere.jpg -o some.vshow
 says nowhere.jpg
+cp "trip 1/a.jpg" picture.vshow
+expect 2 new picture.vshow -o ./picture.vshow --overwrite
+says "never replaced"
+cmp -s picture.vshow "trip 1/a.jpg" || fail "the photo was replaced"
 expect 1 new "trip 1/a.jpg" -o no/folder.vshow
 
 # No project yet: the show renders as its photos do.
@@ -34,7 +38,7 @@ says "names its own"
 
 # The show's own placement, and the command line over it.
 edit_json moved/my.vshow turned.vshow "
-d['project'] = 'none.xml'
+del d['project']
 for photo in d['photos']: photo['path'] = 'moved/' + photo['path']
 d['photos'][0].update(rotation=90, flipX=True, background='#00ff00')"
 expect 0 render --out turned --size 100x100 --fit inside turned.vshow
@@ -54,9 +58,20 @@ printf '{\n "format": "vellora-show",\n oops' >bad.vshow
 expect 1 render --out bad bad.vshow moved/a.jpg
 says "line 3"
 exists bad/a.jpg
-printf '<a>\n</b>' >none.xml
+printf '<a>\n</b>' >turned.xml
 expect 1 render --out broken turned.vshow
 says "line 2"
 holds 2 broken
+edit_json turned.vshow lost.vshow "d['project'] = 'lost.xml'"
+expect 1 render --out lost lost.vshow
+says "lost.xml: "
+says "rendering without edits"
+holds 2 lost
+expect 2 render --out none --save-project ./turned.vshow turned.vshow
+says "never replaced"
+mkfifo pipe.xml
+edit_json turned.vshow piped.vshow "d['project'] = 'pipe.xml'"
+expect 1 render --out piped piped.vshow
+says "pipe.xml: is not a regular file"
 expect 1 render --out bad missing.vshow
 finish

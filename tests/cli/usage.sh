@@ -55,4 +55,25 @@ refused "of the form FILE@X,Y" --clip photo.png
 refused "2 or 4 numbers" --clip photo.png@1,2,3
 refused "has no size" --clip photo.png@1,2,0,5
 refused "do not go with" --size 10x10 --format png
+for flag in bold italic underline shadow; do
+    refused "--$flag: 'maybe' is neither true nor false" "--$flag=maybe"
+done
+expect 0 render --out flags --bold=true --italic=off --shadow=0 photo.png
+
+# A value that is empty, as a script's empty variable leaves it.
+for option in project save-project size rotate background seed shard quality font text \
+    filter; do
+    refused "--$option: the value is empty" "--$option" ""
+    refused "--$option: the value is empty" "--$option="
+done
+expect 2 render -o "" photo.png
+says "the value is empty"
+expect 2 filters --sheet ""
+says "the value is empty"
+expect 2 filters --sheet sheet.png --photo ""
+expect 2 effects -o ""
+expect 2 new photo.png -o ""
+expect 2 edit --save "" photo.png
+expect 2 clip photo.png -o out --size ""
+[ "$(ls)" = "$(printf 'flags\nphoto.png\nstderr\nstdout')" ] || fail "something was made: $(ls)"
 finish

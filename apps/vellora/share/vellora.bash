@@ -28,7 +28,6 @@ _vellora() {
         --filter)
             local IFS=$'\n'
             mapfile -t COMPREPLY < <(compgen -W "$(vellora filters | sed -n 's/^\([A-Z].*[^ ]\)  *  \(adjustment\|art effect\).*/\1/p')" -- "${word#[\"\']}")
-            COMPREPLY=("${COMPREPLY[@]// /\\ }")
             ;;
         --fit) mapfile -t COMPREPLY < <(compgen -W "box inside fill" -- "$word") ;;
         --format) mapfile -t COMPREPLY < <(compgen -W "jpg png" -- "$word") ;;
