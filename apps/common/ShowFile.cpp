@@ -137,6 +137,7 @@ std::optional<Show> readShow(const QString& file, QStringList* warnings, QString
     const QDir folder = realFile(file).absoluteDir();
     Show show;
     const QString project = reader.text(QStringLiteral("project"));
+    show.namesProject = !project.isEmpty();
     show.projectPath = project.isEmpty() ? defaultProjectPath(file) : resolved(project, folder);
     const QJsonArray photos = reader.array(QStringLiteral("photos"));
     if (photos.size() > kMostPhotos) {

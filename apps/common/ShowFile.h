@@ -33,7 +33,8 @@ struct ShowPhoto {
 
 /// A slideshow.
 struct Show {
-    QString projectPath;  ///< The project file with the edits; absolute.
+    QString projectPath;        ///< The project file with the edits; absolute.
+    bool namesProject = false;  ///< Whether the file says which; else there may be no edits yet.
     std::vector<ShowPhoto> photos;
     QJsonObject unknown;  ///< Keys of other programs, written back as they came.
 };

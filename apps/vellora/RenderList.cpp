@@ -2,8 +2,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <algorithm>
 
 #include <vellora/model/DVDImageProps.h>
@@ -26,16 +24,6 @@ QStringList clipsOf(const CSpriteHolder& holder) {
         }
     }
     return files;
-}
-
-/// Whether a slideshow names its project file; else it is one that has no edits yet.
-bool namesProject(const QString& show) {
-    QFile file(show);
-    return file.open(QIODevice::ReadOnly) && !QJsonDocument::fromJson(file.readAll())
-                                                  .object()
-                                                  .value(QStringLiteral("project"))
-                                                  .toString()
-                                                  .isEmpty();
 }
 
 }  // namespace
@@ -120,7 +108,7 @@ void RenderList::addShow(const QString& file) {
         return;
     }
     std::shared_ptr<const ProjectEdits> edits;
-    if (QFileInfo::exists(show->projectPath) || namesProject(file)) {
+    if (show->namesProject || QFileInfo::exists(show->projectPath)) {
         edits = ProjectEdits::read(show->projectPath, &reason);
         if (edits == nullptr) {
             say(show->projectPath, printable(reason) + QStringLiteral("; rendering without edits"));
