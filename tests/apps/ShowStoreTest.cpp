@@ -128,19 +128,35 @@ TEST_F(ShowStoreTest, AFailureLeavesTheOldPair) {
 }
 
 TEST_F(ShowStoreTest, KilledAtAnyMomentLeavesOldOrNew) {
+#ifdef __SANITIZE_ADDRESS__
+    constexpr int kKills = 200;  // each start of a process takes long there
+#else
     constexpr int kKills = 1000;
+#endif
     ASSERT_TRUE(save(1));
+    const auto start = std::chrono::steady_clock::now();
+    ASSERT_TRUE(save(1));
+    const std::chrono::duration<double, std::micro> oneSave =
+        std::chrono::steady_clock::now() - start;
     std::mt19937 random(11);
+    std::uniform_real_distribution moment(0.0, 4 * oneSave.count());
     int interrupted = 0;
     for (int kill = 0; kill < kKills; ++kill) {
+        std::array<int, 2> started{};
+        ASSERT_EQ(pipe(started.data()), 0);
         const pid_t child = fork();
         ASSERT_GE(child, 0);
         if (child == 0) {
+            close(started[1]);
             for (int round = 0;; ++round) {
                 save(1 + round % 5);
             }
         }
-        std::this_thread::sleep_for(std::chrono::microseconds(500 + random() % 6000));
+        close(started[1]);
+        char none = 0;
+        EXPECT_EQ(read(started[0], &none, 1), 0) << "the child runs";
+        close(started[0]);
+        std::this_thread::sleep_for(std::chrono::duration<double, std::micro>(moment(random)));
         ::kill(child, SIGKILL);
         ASSERT_EQ(waitpid(child, nullptr, 0), child);
         ASSERT_GE(load(), 1) << "kill " << kill << ": " << qPrintable(error) << ' '

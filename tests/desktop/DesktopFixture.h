@@ -83,7 +83,10 @@ private:
 /// A folder with photos of plain colours, and settings that touch nobody's own.
 struct DesktopTest : testing::Test {
     DesktopTest() {
-        QStandardPaths::setTestModeEnabled(true);
+        // Tests run beside each other, each in a process with a home of its own.
+        static const QTemporaryDir home;
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(home.filePath(QStringLiteral("config"))));
+        qputenv("XDG_DATA_HOME", QFile::encodeName(home.filePath(QStringLiteral("data"))));
         QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)).removeRecursively();
         Preferences preferences;
         preferences.language = QStringLiteral("english");
