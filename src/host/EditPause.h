@@ -6,6 +6,7 @@
 #include <vellora/model/DVDImage.h>
 
 #include "base/ModuleState.h"
+#include "host/Guard.h"
 
 namespace vellora {
 
@@ -32,7 +33,10 @@ public:
             m_processor->SetCurrentFilter(m_filter);
         }
         if (OpenEdit* edit = OpenEdit::current(); edit != nullptr) {
-            edit->expandTexts();
+            guarded([edit] {
+                edit->expandTexts();
+                return S_OK;
+            });
         }
     }
     EditPause(const EditPause&) = delete;
